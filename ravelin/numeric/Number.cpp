@@ -1,0 +1,53 @@
+#include "ravelin/numeric/Number.h"
+
+#include <cmath>
+
+namespace ravelin {
+
+namespace {
+
+constexpr double kPi = 3.141592653589793;
+constexpr double kTwoPi = 6.283185307179586;
+
+// Beyond this magnitude the angle is first brought near the band by a remainder, instead of
+// subtracting 2 pi a step at a time, which could take a very long time or, for huge values,
+// never change the value at all.
+constexpr double kStepwiseLimit = 1.0e6;
+
+bool AboveOrAtPi(double a) {
+    return a > kPi || Number(a) == kPi;
+}
+
+bool BelowMinusPi(double a) {
+    return Number(a) < -kPi;
+}
+
+}  // namespace
+
+double& NormalizeAngle(double& a) {
+    if (!std::isfinite(a)) {
+        return a;
+    }
+    if (std::fabs(a) > kStepwiseLimit) {
+        a = std::remainder(a, kTwoPi);
+    }
+    for (;;) {
+        while (AboveOrAtPi(a)) {
+            a -= kTwoPi;
+        }
+        if (!BelowMinusPi(a)) {
+            return a;
+        }
+        const double before = a;
+        a += kTwoPi;
+        // Rounding can put a value just below -pi less the band, after a turn, within the band
+        // of +pi, and the two loops would hand it back and forth for ever. Keep the value at
+        // the negative end, where the band ends.
+        if (AboveOrAtPi(a)) {
+            a = before;
+            return a;
+        }
+    }
+}
+
+}  // namespace ravelin
