@@ -1,3 +1,150 @@
+// A tour of what Ravelin can do so far, printed step by step.
+#include <cmath>
+#include <cstdio>
+#include <numbers>
+
+#include "ravelin/ravelin.h"
+
+using namespace ravelin;
+
+namespace {
+
+void Heading(const char* title) {
+    std::printf("\n== %s ==\n", title);
+}
+
+// Values that are zero up to rounding print as 0 rather than as 6.1e-17.
+double Tidy(double v) {
+    return std::fabs(v) < 1e-12 ? 0.0 : v;
+}
+
+void Print(const char* label, const char* text) {
+    std::printf("  %-42s %s\n", label, text);
+}
+
+void Print(const char* label, bool yes) {
+    Print(label, yes ? "yes" : "no");
+}
+
+void Print(const char* label, double value) {
+    std::printf("  %-42s %.8g\n", label, Tidy(value));
+}
+
+void Print(const char* label, const RvPoint3D& p) {
+    std::printf("  %-42s (%.4g, %.4g, %.4g)\n", label, Tidy(p.x), Tidy(p.y), Tidy(p.z));
+}
+
+void ShowTolerances() {
+    Heading("Tolerance-aware scalars");
+    Print("1.0 == 1.0000004 (within the band)?", Number(1.0) == 1.0000004);
+    Print("1.0 == 1.000001?", Number(1.0) == 1.000001);
+    Print("1.0 < 1.0000001?", Number(1.0) < 1.0000001);
+    double angle = 7.0;
+    Print("7 rad brought into the band about 0:", NormalizeAngle(angle));
+    angle = 3.1415925;
+    Print("3.1415925, within the band of pi:", NormalizeAngle(angle));
+}
+
+void ShowPoints() {
+    Heading("Points and vectors");
+    const RvPoint3D a(0, 0, 0);
+    const RvPoint3D b(2, 0, 0);
+    Print("length of (3, 4, 0):", RvPoint3D(3, 4, 0).GetSize());
+    Print("distance of (1, 1, 0) from (0,0,0)-(2,0,0):",
+          RvPoint3D(1, 1, 0).DistanceFromSegment(a, b));
+    Print("(1, 0, 0) strictly inside that segment?", RvPoint3D(1, 0, 0).IsInsideSegment(a, b));
+    Print("(1, 2, 3) x (4, 5, 6):", RvPoint3D(1, 2, 3).GetVektorovySucin(RvPoint3D(4, 5, 6)));
+    Print("mirror of (1, 1, 1) in the plane x = 0:", RvPoint3D(1, 1, 1).GetSumernyBod(1, 0, 0, 0));
+    Print("point 1 from both arms of a right angle:",
+          RvPoint3D::DajBodNaOsiUhla(a, RvPoint3D(1, 0, 0), RvPoint3D(0, 1, 0), 1,
+                                     RvPoint3D(0, 0, -1)));
+    Print("line down from (3, 2, 1) meets z = 0 at:",
+          RvPoint3D::DajPriesecnik(RvPoint3D(3, 2, 1), RvPoint3D(0, 0, -1), a, RvPoint3D(0, 0, 1)));
+
+    const RvPoint2D vertex(10.5, -2.5, 1, 2, 3);
+    const tagPOINT pixel = vertex.GetPOINT();
+    std::printf("  %-42s (%d, %d)\n", "planar (10.5, -2.5) as a pixel:", pixel.x, pixel.y);
+    Print("(0, 1) left of the line (0, 0) -> (1, 0)?",
+          RvPoint2D(0, 1).IsLeft(RvPoint2D(0, 0), RvPoint2D(1, 0)) > 0);
+}
+
+void ShowTransforms() {
+    Heading("Transforms");
+    CMatrix rotate;
+    rotate.CreateRotateM(std::numbers::pi / 2, RvPoint3D(0, 0, 1));
+    CMatrix translate;
+    translate.CreateTranslateM(10, 0, 0);
+    const CMatrix both = rotate * translate;  // turns first, then moves
+    Print("(1, 0, 0) turned 90 degrees about z:", rotate.GetPoint3D(RvPoint3D(1, 0, 0)));
+    Print("... then moved by (10, 0, 0):", both.GetPoint3D(RvPoint3D(1, 0, 0)));
+    const CMatrix back = both.GetInverseMatrix();
+    Print("and mapped back by the inverse:", back.GetPoint3D(both.GetPoint3D(1, 0, 0)));
+    Print("determinant of the turn:", both.GetA33());
+}
+
+void ShowPlane() {
+    Heading("Planes");
+    const RvPlane floor(RvPoint3D(0, 0, 5), RvPoint3D(0, 0, 1));
+    Print("floor z = 5, first direction:", floor.m_vectorU);
+    Print("floor z = 5, second direction:", floor.m_vectorV);
+    const RvPlane wall(RvPoint3D(), RvPoint3D(1, 0, 0));
+    Print("floor meets the wall x = 0 along:", floor.GetIntersectVector(wall));
+}
+
+void ShowArchive() {
+    Heading("Point grids in an archive");
+    RvPointMatrix grid;
+    for (int r = 0; r < 2; ++r) {
+        for (int c = 0; c < 3; ++c) {
+            grid.Set(r, c, RvPoint3D(c, r, r * c));
+        }
+    }
+    CMemFile file;
+    CArchive store(&file, CArchive::store);
+    grid.Serialize(store);
+    Print("bytes for a 2 x 3 grid (8 + 6 x 24):", static_cast<double>(file.GetData().size()));
+
+    CMemFile copy(file.GetData());
+    CArchive load(&copy, CArchive::load);
+    RvPointMatrix restored;
+    restored.Serialize(load);
+    Print("element (1, 2) read back:", restored.GetAt(1, 2));
+    try {
+        restored.Serialize(load);
+    } catch (const CArchiveException& e) {
+        Print("reading on past the end:", e.what());
+    }
+}
+
+void ShowWarning() {
+    Heading("The one-shot warning of a null vector");
+    int shown = 0;
+    const AfxMessageBoxHandler previous =
+        AfxSetMessageBoxHandler([&shown](const char* text, unsigned, unsigned) {
+            ++shown;
+            std::printf("  message box:\n    ");
+            for (const char* c = text; *c != '\0'; ++c) {
+                *c == '\n' ? std::printf("\n    ") : std::printf("%c", *c);
+            }
+            std::printf("\n");
+            return IDOK;
+        });
+    RvPoint3D tiny(1e-7, 0, 0);
+    tiny.Normalize();
+    tiny.Normalize();
+    Print("message boxes for two null vectors:", static_cast<double>(shown));
+    AfxSetMessageBoxHandler(previous);
+}
+
+}  // namespace
+
 int main() {
+    std::printf("Ravelin: what the library does so far\n");
+    ShowTolerances();
+    ShowPoints();
+    ShowTransforms();
+    ShowPlane();
+    ShowArchive();
+    ShowWarning();
     return 0;
 }
