@@ -31,6 +31,8 @@ double& NormalizeAngle(double& a) {
     if (std::fabs(a) > kStepwiseLimit) {
         a = std::remainder(a, kTwoPi);
     }
+    // The turns terminate: near -pi, adding 2 pi and both band tests are exact, so a value
+    // taken up from below -pi by the band lands below +pi by the band and stays there.
     for (;;) {
         while (AboveOrAtPi(a)) {
             a -= kTwoPi;
@@ -38,15 +40,7 @@ double& NormalizeAngle(double& a) {
         if (!BelowMinusPi(a)) {
             return a;
         }
-        const double before = a;
         a += kTwoPi;
-        // Rounding can put a value just below -pi less the band, after a turn, within the band
-        // of +pi, and the two loops would hand it back and forth for ever. Keep the value at
-        // the negative end, where the band ends.
-        if (AboveOrAtPi(a)) {
-            a = before;
-            return a;
-        }
     }
 }
 

@@ -43,7 +43,9 @@ public:
 
     /// The row count and the length of row 0 (0 for no rows) as 32-bit integers, then every
     /// point of every row in order. Loading grows the grid to the stored size, keeping contents
-    /// that are not overwritten.
+    /// that are not overwritten; a stored size with no points leaves the grid as it is. Negative
+    /// counts, or more points than the archive holds, raise CArchiveException before anything
+    /// changes.
     void Serialize(CArchive& ar) override;
 
 private:
