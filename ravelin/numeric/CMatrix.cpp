@@ -1,7 +1,7 @@
 #include "ravelin/numeric/CMatrix.h"
 
-#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "ravelin/platform/CheckedVector.h"
 
@@ -25,14 +25,9 @@ CMatrix::CMatrix() : m() {
     CreateIdentityM();
 }
 
-CMatrix::CMatrix(const CMatrix& o) : m() {
-    std::copy(o.m, o.m + 16, m);
-}
+CMatrix::CMatrix(const CMatrix& o) = default;
 
-CMatrix& CMatrix::operator=(const CMatrix& o) {
-    std::copy(o.m, o.m + 16, m);
-    return *this;
-}
+CMatrix& CMatrix::operator=(const CMatrix& o) = default;
 
 CMatrix::~CMatrix() = default;
 
