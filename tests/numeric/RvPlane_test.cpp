@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <string>
 #include <type_traits>
 #include <vector>
 
@@ -10,46 +9,23 @@
 #include "ravelin/numeric/RvPoint3D.h"
 #include "ravelin/platform/AfxMessageBox.h"
 
+#include "support/RavelinTesting.h"
+
 using namespace ravelin;
+using namespace ravelin::testing_support;
 
 namespace {
 
 constexpr double kTight = 1e-12;
 
-// The one-shot warning of a vector that cannot be normalised.
-constexpr const char* kNormalizeWarning =
-    "Nastal problém s normalizáciou vektora pri výpočte!\n\n"
-    "Pokiaľ funkcia nebude pracovať správne,\n"
-    "ukončite ju a pokúste sa ju použiť znova.";
-
-struct ShownMessage {
-    std::string text;
-    unsigned type;
-    unsigned helpId;
-};
-
 // Every test starts with the warning armed and a handler that records what would have been
 // shown; both the handler and the process-wide flag are put back afterwards.
 class RvPlaneTest : public testing::Test {
-protected:
-    void SetUp() override {
-        RvPoint3D::s_bNormalizeWarning = true;
-        m_previous =
-            AfxSetMessageBoxHandler([this](const char* text, unsigned type, unsigned helpId) {
-                m_shown.push_back({text, type, helpId});
-                return IDOK;
-            });
-    }
-
-    void TearDown() override {
-        AfxSetMessageBoxHandler(m_previous);
-        RvPoint3D::s_bNormalizeWarning = true;
-    }
-
-    std::vector<ShownMessage> m_shown;
-
 private:
-    AfxMessageBoxHandler m_previous;
+    MessageBoxRecorder m_recorder;
+
+protected:
+    const std::vector<MessageBoxCall>& m_shown = m_recorder.calls();
 };
 
 using RvPlaneConstruction = RvPlaneTest;

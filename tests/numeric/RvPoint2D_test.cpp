@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -19,7 +18,10 @@
 #include "ravelin/platform/CObject.h"
 #include "ravelin/platform/CPoint.h"
 
+#include "support/RavelinTesting.h"
+
 using namespace ravelin;
+using namespace ravelin::testing_support;
 
 namespace {
 
@@ -40,50 +42,6 @@ testing::AssertionResult HasValues(const RvPoint2D& p, double x, double y, doubl
 RvPoint2D Planar(double x2D, double y2D) {
     return RvPoint2D(x2D, y2D, -70.0, 55.0, 9.0);
 }
-
-// The little-endian double stored at `offset`.
-double DoubleAt(const std::vector<std::uint8_t>& bytes, std::size_t offset) {
-    std::uint64_t bits = 0;
-    for (std::size_t i = 0; i < 8; ++i) {
-        bits |= static_cast<std::uint64_t>(bytes.at(offset + i)) << (8 * i);
-    }
-    return std::bit_cast<double>(bits);
-}
-
-std::vector<std::uint8_t> Slice(const std::vector<std::uint8_t>& bytes, std::size_t offset,
-                                std::size_t count) {
-    return {bytes.begin() + static_cast<std::ptrdiff_t>(offset),
-            bytes.begin() + static_cast<std::ptrdiff_t>(offset + count)};
-}
-
-// Counts the message boxes shown while it lives, and restores the previous handler after.
-class MessageBoxRecorder {
-public:
-    MessageBoxRecorder() {
-        m_previous = AfxSetMessageBoxHandler([this](const char*, unsigned type, unsigned helpId) {
-            ++m_count;
-            m_lastType = type;
-            m_lastHelpId = helpId;
-            return IDOK;
-        });
-    }
-    ~MessageBoxRecorder() {
-        AfxSetMessageBoxHandler(m_previous);
-        RvPoint3D::Activate_Normalize_Warning_ERR();
-    }
-    MessageBoxRecorder(const MessageBoxRecorder&) = delete;
-    MessageBoxRecorder& operator=(const MessageBoxRecorder&) = delete;
-
-    int count() const { return m_count; }
-    unsigned lastType() const { return m_lastType; }
-    unsigned lastHelpId() const { return m_lastHelpId; }
-
-private:
-    AfxMessageBoxHandler m_previous;
-    int m_count = 0;
-    unsigned m_lastType = 99;
-    unsigned m_lastHelpId = 99;
-};
 
 }  // namespace
 
@@ -288,7 +246,7 @@ TEST(RvPoint2DNormalize, DividesPlanarPairAndNormalisesSpace) {
     EXPECT_DOUBLE_EQ(p.x, 1.0 / 3.0);
     EXPECT_DOUBLE_EQ(p.y, 2.0 / 3.0);
     EXPECT_DOUBLE_EQ(p.z, 2.0 / 3.0);
-    EXPECT_EQ(boxes.count(), 0);
+    EXPECT_EQ(boxes.calls().size(), 0u);
 }
 
 TEST(RvPoint2DNormalize, PlanarPairAndSpaceAreNormalisedIndependently) {
@@ -312,14 +270,14 @@ TEST(RvPoint2DNormalize, NullSpaceStaysAndWarnsOnceWhilePlanarPairIsNormalised) 
     EXPECT_EQ(p.x, 0.0);
     EXPECT_EQ(p.y, 0.0);
     EXPECT_EQ(p.z, 0.0);
-    EXPECT_EQ(boxes.count(), 1);
-    EXPECT_EQ(boxes.lastType(), 0u);
-    EXPECT_EQ(boxes.lastHelpId(), 0u);
+    ASSERT_EQ(boxes.calls().size(), 1u);
+    EXPECT_EQ(boxes.calls()[0].type, 0u);
+    EXPECT_EQ(boxes.calls()[0].helpId, 0u);
 
     // The warning is one-shot until it is armed again.
     RvPoint2D q(3.0, 4.0, 0.0, 0.0, 0.0);
     q.Normalize();
-    EXPECT_EQ(boxes.count(), 1);
+    EXPECT_EQ(boxes.calls().size(), 1u);
 }
 
 TEST(RvPoint2DNormalize, NullPlanarPairIsDividedByZeroWithoutGuard) {
@@ -330,7 +288,7 @@ TEST(RvPoint2DNormalize, NullPlanarPairIsDividedByZeroWithoutGuard) {
     EXPECT_TRUE(std::isnan(p.x2D));
     EXPECT_TRUE(std::isnan(p.y2D));
     EXPECT_DOUBLE_EQ(p.z, 1.0);
-    EXPECT_EQ(boxes.count(), 0);
+    EXPECT_EQ(boxes.calls().size(), 0u);
 }
 
 TEST(RvPoint2DRound, RoundsAllFiveHalvesAwayFromZero) {

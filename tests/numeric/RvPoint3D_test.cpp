@@ -5,9 +5,6 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
-#include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 #include "ravelin/numeric/Number.h"
@@ -18,7 +15,10 @@
 #include "ravelin/platform/CFile.h"
 #include "ravelin/platform/CObject.h"
 
+#include "support/RavelinTesting.h"
+
 using namespace ravelin;
+using namespace ravelin::testing_support;
 
 namespace {
 
@@ -43,47 +43,15 @@ testing::AssertionResult PointIs(const RvPoint3D& p, double x, double y, double 
                                        << x << ", " << y << ", " << z << ")";
 }
 
-struct MessageBoxCall {
-    std::string text;
-    unsigned type;
-    unsigned helpId;
-};
-
-// Records every message box instead of showing it, and arms the warning of Normalize, which is
-// process-wide; both are put back as they were after each test.
-class MessageBoxRecorder : public testing::Test {
-protected:
-    void SetUp() override {
-        m_savedWarning = RvPoint3D::s_bNormalizeWarning;
-        RvPoint3D::Activate_Normalize_Warning_ERR();
-        m_previousHandler =
-            AfxSetMessageBoxHandler([this](const char* text, unsigned type, unsigned helpId) {
-                m_calls.push_back({text, type, helpId});
-                return IDOK;
-            });
-    }
-
-    void TearDown() override {
-        AfxSetMessageBoxHandler(std::move(m_previousHandler));
-        RvPoint3D::s_bNormalizeWarning = m_savedWarning;
-    }
-
-    std::vector<MessageBoxCall> m_calls;
-
+// Every test records the message boxes instead of showing them, with the warning of Normalize
+// armed; both are put back afterwards.
+class RecordedMessageBoxes : public testing::Test {
 private:
-    AfxMessageBoxHandler m_previousHandler;
-    bool m_savedWarning = true;
-};
+    MessageBoxRecorder m_recorder;
 
-// The one warning of Normalize, in UTF-8: "There was a problem normalising a vector during the
-// calculation! If the function does not work properly, close it and try to use it again."
-std::string NormalizeWarningText() {
-    constexpr std::u8string_view text =
-        u8"Nastal problém s normalizáciou vektora pri výpočte!\n\n"
-        u8"Pokiaľ funkcia nebude pracovať správne,\n"
-        u8"ukončite ju a pokúste sa ju použiť znova.";
-    return std::string(text.begin(), text.end());
-}
+protected:
+    const std::vector<MessageBoxCall>& m_calls = m_recorder.calls();
+};
 
 std::vector<std::uint8_t> Stored(RvPoint3D& p) {
     CMemFile file;
@@ -421,7 +389,7 @@ TEST(RvPoint3DNormalizeWarning, ActivateArmsTheWarning) {
     RvPoint3D::s_bNormalizeWarning = saved;
 }
 
-class RvPoint3DNormalize : public MessageBoxRecorder {};
+class RvPoint3DNormalize : public RecordedMessageBoxes {};
 
 TEST_F(RvPoint3DNormalize, RegularVectorBecomesUnit) {
     RvPoint3D p(3.0, 0.0, -4.0);
@@ -443,7 +411,7 @@ TEST_F(RvPoint3DNormalize, ShortVectorStaysAndWarnsOnce) {
     p.Normalize();
     EXPECT_TRUE(PointIs(p, 2.4e-07, -3.2e-07, 0.0));
     ASSERT_EQ(m_calls.size(), 1u);
-    EXPECT_EQ(m_calls[0].text, NormalizeWarningText());
+    EXPECT_EQ(m_calls[0].text, kNormalizeWarning);
     EXPECT_EQ(m_calls[0].type, 0u);
     EXPECT_EQ(m_calls[0].helpId, 0u);
     EXPECT_FALSE(RvPoint3D::s_bNormalizeWarning);
@@ -480,7 +448,7 @@ TEST_F(RvPoint3DNormalize, ZeroVectorStaysZeroAndWarns) {
     p.Normalize();
     EXPECT_TRUE(PointIs(p, 0.0, 0.0, 0.0));
     ASSERT_EQ(m_calls.size(), 1u);
-    EXPECT_EQ(m_calls[0].text, NormalizeWarningText());
+    EXPECT_EQ(m_calls[0].text, kNormalizeWarning);
 }
 
 TEST_F(RvPoint3DNormalize, SecondNullVectorShowsNothingUntilRearmed) {
@@ -497,7 +465,7 @@ TEST_F(RvPoint3DNormalize, SecondNullVectorShowsNothingUntilRearmed) {
     EXPECT_TRUE(RvPoint3D::s_bNormalizeWarning);
     q.Normalize();
     ASSERT_EQ(m_calls.size(), 2u);
-    EXPECT_EQ(m_calls[1].text, NormalizeWarningText());
+    EXPECT_EQ(m_calls[1].text, kNormalizeWarning);
     EXPECT_EQ(m_calls[1].type, 0u);
     EXPECT_EQ(m_calls[1].helpId, 0u);
     EXPECT_FALSE(RvPoint3D::s_bNormalizeWarning);
@@ -821,7 +789,7 @@ TEST(RvPoint3DIsInsideSegment2D, VerticalSegmentHasNoPlanarInside) {
 // ---------------------------------------------------------------------------------------------
 // IsOnLine
 
-class RvPoint3DIsOnLine : public MessageBoxRecorder {};
+class RvPoint3DIsOnLine : public RecordedMessageBoxes {};
 
 TEST_F(RvPoint3DIsOnLine, PointWithinOneHundredthOfTheLinePointIsOnAnyLine) {
     // p equals the point by operator== (0.005 < 0.01), so even a null direction is accepted.
@@ -1273,9 +1241,7 @@ TEST(RvPoint3DArchive, WrittenAsAnObjectTheClassNameAndSchemaComeFirst) {
         ar.Flush();
     }
     std::vector<std::uint8_t> expected = {0xFF, 0xFF, 0x01, 0x00, 0x09, 0x00};
-    for (const char ch : std::string_view("RvPoint3D")) {
-        expected.push_back(static_cast<std::uint8_t>(ch));
-    }
+    AppendText(expected, "RvPoint3D");
     const std::vector<std::uint8_t> record = Stored(p);
     expected.insert(expected.end(), record.begin(), record.end());
     EXPECT_EQ(file.GetData(), expected);

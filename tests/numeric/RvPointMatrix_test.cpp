@@ -1,11 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <cstdint>
 #include <memory>
 #include <stdexcept>
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "ravelin/numeric/RvPoint2D.h"
@@ -16,11 +13,12 @@
 #include "ravelin/platform/CFile.h"
 #include "ravelin/platform/CObject.h"
 
+#include "support/RavelinTesting.h"
+
 using namespace ravelin;
+using namespace ravelin::testing_support;
 
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
 
 // A distinct point for every grid position.
 RvPoint3D P(int r, int c) {
@@ -64,32 +62,10 @@ RvPointMatrix Grid(int rows, int columns) {
     return m;
 }
 
-void AppendInt32(Bytes& bytes, std::int32_t value) {
-    const auto bits = static_cast<std::uint32_t>(value);
-    for (int i = 0; i < 4; ++i) {
-        bytes.push_back(static_cast<std::uint8_t>(bits >> (8 * i)));
-    }
-}
-
-void AppendDouble(Bytes& bytes, double value) {
-    const auto bits = std::bit_cast<std::uint64_t>(value);
-    for (int i = 0; i < 8; ++i) {
-        bytes.push_back(static_cast<std::uint8_t>(bits >> (8 * i)));
-    }
-}
-
 void AppendPoint(Bytes& bytes, const RvPoint3D& p) {
     AppendDouble(bytes, p.x);
     AppendDouble(bytes, p.y);
     AppendDouble(bytes, p.z);
-}
-
-double DoubleAt(const Bytes& bytes, std::size_t offset) {
-    std::uint64_t bits = 0;
-    for (std::size_t i = 0; i < 8; ++i) {
-        bits |= static_cast<std::uint64_t>(bytes.at(offset + i)) << (8 * i);
-    }
-    return std::bit_cast<double>(bits);
 }
 
 RvPoint3D PointAt(const Bytes& bytes, std::size_t offset) {
@@ -109,26 +85,6 @@ void Load(RvPointMatrix& m, Bytes bytes) {
     CMemFile file(std::move(bytes));
     CArchive ar(&file, CArchive::load);
     m.Serialize(ar);
-}
-
-template <class Exception, class Action>
-void ExpectThrowWithMessage(Action action, const std::string& message) {
-    try {
-        action();
-        ADD_FAILURE() << "nothing was thrown";
-    } catch (const Exception& e) {
-        EXPECT_EQ(std::string(e.what()), message);
-    }
-}
-
-template <class Action>
-int ArchiveCause(Action action) {
-    try {
-        action();
-    } catch (const CArchiveException& e) {
-        return e.m_cause;
-    }
-    return -1;
 }
 
 }  // namespace
@@ -508,7 +464,8 @@ TEST(RvPointMatrixSerialize, RaggedArchiveCannotBeReadBack) {
     ragged.AddRow({P(0, 0), P(0, 1)});
     ragged.AddRow({P(1, 0)});
     RvPointMatrix loaded;
-    EXPECT_EQ(ArchiveCause([&] { Load(loaded, Store(ragged)); }), CArchiveException::endOfFile);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { Load(loaded, Store(ragged)); }),
+              CArchiveException::endOfFile);
     EXPECT_TRUE(loaded.m_rows.empty());
 }
 
@@ -590,7 +547,7 @@ TEST(RvPointMatrixSerialize, CountBeyondTheStoredPointsIsEndOfFile) {
     AppendPoint(bytes, P(0, 1));
     AppendPoint(bytes, P(1, 0));
     RvPointMatrix m = Grid(1, 1);
-    EXPECT_EQ(ArchiveCause([&] { Load(m, bytes); }), CArchiveException::endOfFile);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { Load(m, bytes); }), CArchiveException::endOfFile);
     ExpectSameGrid(m, Grid(1, 1));
 }
 
@@ -599,7 +556,7 @@ TEST(RvPointMatrixSerialize, HugeCountsWithoutPointsAreEndOfFile) {
     AppendInt32(bytes, 0x7FFFFFFF);
     AppendInt32(bytes, 0x7FFFFFFF);
     RvPointMatrix m = Grid(1, 2);
-    EXPECT_EQ(ArchiveCause([&] { Load(m, bytes); }), CArchiveException::endOfFile);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { Load(m, bytes); }), CArchiveException::endOfFile);
     ExpectSameGrid(m, Grid(1, 2));
 }
 
@@ -607,7 +564,7 @@ TEST(RvPointMatrixSerialize, TruncatedCountsAreEndOfFile) {
     Bytes bytes;
     AppendInt32(bytes, 1);
     RvPointMatrix m = Grid(1, 2);
-    EXPECT_EQ(ArchiveCause([&] { Load(m, bytes); }), CArchiveException::endOfFile);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { Load(m, bytes); }), CArchiveException::endOfFile);
     ExpectSameGrid(m, Grid(1, 2));
 }
 
@@ -658,9 +615,7 @@ TEST(RvPointMatrixRuntimeClass, WrittenAsObjectAndReadBack) {
         ar.Close();
     }
     Bytes expected = {0xFF, 0xFF, 0x01, 0x00, 0x0D, 0x00};
-    for (const char ch : std::string_view("RvPointMatrix")) {
-        expected.push_back(static_cast<std::uint8_t>(ch));
-    }
+    AppendText(expected, "RvPointMatrix");
     AppendInt32(expected, 2);
     AppendInt32(expected, 2);
     for (int r = 0; r < 2; ++r) {

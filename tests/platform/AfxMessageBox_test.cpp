@@ -5,32 +5,17 @@
 
 #include "ravelin/platform/AfxMessageBox.h"
 
+#include "support/RavelinTesting.h"
+
 using namespace ravelin;
+using namespace ravelin::testing_support;
 
 namespace {
 
-struct ShownMessage {
-    std::string text;
-    unsigned type;
-    unsigned helpId;
-};
-
 // Every test starts from the default handler and puts back whatever was installed before.
 class AfxMessageBoxTest : public testing::Test {
-protected:
-    void SetUp() override { m_previous = AfxSetMessageBoxHandler({}); }
-    void TearDown() override { AfxSetMessageBoxHandler(m_previous); }
-
-    // A handler that records what it is shown and answers `answer`.
-    AfxMessageBoxHandler Recorder(std::vector<ShownMessage>& shown, int answer) {
-        return [&shown, answer](const char* text, unsigned type, unsigned helpId) {
-            shown.push_back({text, type, helpId});
-            return answer;
-        };
-    }
-
 private:
-    AfxMessageBoxHandler m_previous;
+    ScopedMessageBoxHandler m_default{AfxMessageBoxHandler{}};
 };
 
 using AfxMessageBoxDefault = AfxMessageBoxTest;
@@ -54,8 +39,8 @@ TEST_F(AfxMessageBoxDefault, PassesUtf8TextThrough) {
 }
 
 TEST_F(AfxMessageBoxHandlers, ReplacedHandlerReceivesTextTypeAndHelpId) {
-    std::vector<ShownMessage> shown;
-    AfxSetMessageBoxHandler(Recorder(shown, 7));
+    std::vector<MessageBoxCall> shown;
+    AfxSetMessageBoxHandler(RecordingHandler(shown, 7));
     testing::internal::CaptureStderr();
     const int answer = AfxMessageBox("Save changes?", 3, 42);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
@@ -67,8 +52,8 @@ TEST_F(AfxMessageBoxHandlers, ReplacedHandlerReceivesTextTypeAndHelpId) {
 }
 
 TEST_F(AfxMessageBoxHandlers, TypeAndHelpIdDefaultToZero) {
-    std::vector<ShownMessage> shown;
-    AfxSetMessageBoxHandler(Recorder(shown, IDOK));
+    std::vector<MessageBoxCall> shown;
+    AfxSetMessageBoxHandler(RecordingHandler(shown, IDOK));
     AfxMessageBox("Done.");
     ASSERT_EQ(shown.size(), 1u);
     EXPECT_EQ(shown[0].type, 0u);
@@ -76,10 +61,10 @@ TEST_F(AfxMessageBoxHandlers, TypeAndHelpIdDefaultToZero) {
 }
 
 TEST_F(AfxMessageBoxHandlers, SettingReturnsThePreviousHandler) {
-    std::vector<ShownMessage> first;
-    std::vector<ShownMessage> second;
-    AfxSetMessageBoxHandler(Recorder(first, 1));
-    AfxMessageBoxHandler previous = AfxSetMessageBoxHandler(Recorder(second, 2));
+    std::vector<MessageBoxCall> first;
+    std::vector<MessageBoxCall> second;
+    AfxSetMessageBoxHandler(RecordingHandler(first, 1));
+    AfxMessageBoxHandler previous = AfxSetMessageBoxHandler(RecordingHandler(second, 2));
     ASSERT_TRUE(previous);
     EXPECT_EQ(previous("to the first", 5, 6), 1);
     ASSERT_EQ(first.size(), 1u);
@@ -92,8 +77,8 @@ TEST_F(AfxMessageBoxHandlers, SettingReturnsThePreviousHandler) {
 }
 
 TEST_F(AfxMessageBoxHandlers, FirstReplacementReturnsTheDefault) {
-    std::vector<ShownMessage> shown;
-    AfxMessageBoxHandler previous = AfxSetMessageBoxHandler(Recorder(shown, 9));
+    std::vector<MessageBoxCall> shown;
+    AfxMessageBoxHandler previous = AfxSetMessageBoxHandler(RecordingHandler(shown, 9));
     ASSERT_TRUE(previous);
     testing::internal::CaptureStderr();
     const int answer = previous("from the default", 0, 0);
@@ -104,8 +89,8 @@ TEST_F(AfxMessageBoxHandlers, FirstReplacementReturnsTheDefault) {
 }
 
 TEST_F(AfxMessageBoxHandlers, EmptyHandlerRestoresTheDefault) {
-    std::vector<ShownMessage> shown;
-    AfxSetMessageBoxHandler(Recorder(shown, 9));
+    std::vector<MessageBoxCall> shown;
+    AfxSetMessageBoxHandler(RecordingHandler(shown, 9));
     AfxMessageBoxHandler replaced = AfxSetMessageBoxHandler({});
     ASSERT_TRUE(replaced);
     EXPECT_EQ(replaced("back", 0, 0), 9);
@@ -120,8 +105,8 @@ TEST_F(AfxMessageBoxHandlers, EmptyHandlerRestoresTheDefault) {
 }
 
 TEST_F(AfxMessageBoxHandlers, EachCallReachesTheHandler) {
-    std::vector<ShownMessage> shown;
-    AfxSetMessageBoxHandler(Recorder(shown, IDOK));
+    std::vector<MessageBoxCall> shown;
+    AfxSetMessageBoxHandler(RecordingHandler(shown, IDOK));
     AfxMessageBox("one");
     AfxMessageBox("two", 1, 2);
     ASSERT_EQ(shown.size(), 2u);

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <string_view>
 #include <vector>
 
 #include "ravelin/numeric/RvPoint2D.h"
@@ -11,6 +10,8 @@
 #include "ravelin/platform/CException.h"
 #include "ravelin/platform/CFile.h"
 #include "ravelin/platform/CObject.h"
+
+#include "support/RavelinTesting.h"
 
 namespace archive_test {
 
@@ -41,28 +42,11 @@ class Plain : public CObject {};
 }  // namespace archive_test
 
 using namespace ravelin;
+using namespace ravelin::testing_support;
 using archive_test::Counter;
 using archive_test::Plain;
 
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
-
-void AppendText(Bytes& bytes, std::string_view text) {
-    for (const char ch : text) {
-        bytes.push_back(static_cast<std::uint8_t>(ch));
-    }
-}
-
-template <class Action>
-int ArchiveCause(Action action) {
-    try {
-        action();
-    } catch (const CArchiveException& e) {
-        return e.m_cause;
-    }
-    return -1;
-}
 
 // The 24-byte record of the points (1, 2, 3).
 Bytes OneTwoThree() {
@@ -94,13 +78,17 @@ TEST(CArchiveMode, WritingToLoadingArchiveIsReadOnly) {
     CMemFile file(Bytes(16, 0x00));
     CArchive ar(&file, CArchive::load);
     const std::uint8_t byte = 1;
-    EXPECT_EQ(ArchiveCause([&] { ar << 1.0; }), CArchiveException::readOnly);
-    EXPECT_EQ(ArchiveCause([&] { ar << std::int32_t{1}; }), CArchiveException::readOnly);
-    EXPECT_EQ(ArchiveCause([&] { ar << std::uint32_t{1}; }), CArchiveException::readOnly);
-    EXPECT_EQ(ArchiveCause([&] { ar << std::uint16_t{1}; }), CArchiveException::readOnly);
-    EXPECT_EQ(ArchiveCause([&] { ar.Write(&byte, 1); }), CArchiveException::readOnly);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar << 1.0; }), CArchiveException::readOnly);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar << std::int32_t{1}; }),
+              CArchiveException::readOnly);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar << std::uint32_t{1}; }),
+              CArchiveException::readOnly);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar << std::uint16_t{1}; }),
+              CArchiveException::readOnly);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.Write(&byte, 1); }), CArchiveException::readOnly);
     const RvPoint3D point(1, 2, 3);
-    EXPECT_EQ(ArchiveCause([&] { ar.WriteObject(&point); }), CArchiveException::readOnly);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.WriteObject(&point); }),
+              CArchiveException::readOnly);
     EXPECT_EQ(file.GetData(), Bytes(16, 0x00));
 }
 
@@ -112,12 +100,13 @@ TEST(CArchiveMode, ReadingFromStoringArchiveIsWriteOnly) {
     std::uint32_t u32 = 0;
     std::uint16_t u16 = 0;
     std::uint8_t byte = 0;
-    EXPECT_EQ(ArchiveCause([&] { ar >> d; }), CArchiveException::writeOnly);
-    EXPECT_EQ(ArchiveCause([&] { ar >> i32; }), CArchiveException::writeOnly);
-    EXPECT_EQ(ArchiveCause([&] { ar >> u32; }), CArchiveException::writeOnly);
-    EXPECT_EQ(ArchiveCause([&] { ar >> u16; }), CArchiveException::writeOnly);
-    EXPECT_EQ(ArchiveCause([&] { ar.Read(&byte, 1); }), CArchiveException::writeOnly);
-    EXPECT_EQ(ArchiveCause([&] { ar.ReadObject(nullptr); }), CArchiveException::writeOnly);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar >> d; }), CArchiveException::writeOnly);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar >> i32; }), CArchiveException::writeOnly);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar >> u32; }), CArchiveException::writeOnly);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar >> u16; }), CArchiveException::writeOnly);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.Read(&byte, 1); }), CArchiveException::writeOnly);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.ReadObject(nullptr); }),
+              CArchiveException::writeOnly);
 }
 
 // --- Values -------------------------------------------------------------------------------
@@ -184,19 +173,19 @@ TEST(CArchiveValues, ReadingPastTheEndIsEndOfFile) {
         CMemFile file(Bytes{1, 2, 3});
         CArchive ar(&file, CArchive::load);
         std::int32_t value = 0;
-        EXPECT_EQ(ArchiveCause([&] { ar >> value; }), CArchiveException::endOfFile);
+        EXPECT_EQ(CauseOf<CArchiveException>([&] { ar >> value; }), CArchiveException::endOfFile);
     }
     {
         CMemFile file(Bytes(7, 0x00));
         CArchive ar(&file, CArchive::load);
         double value = 0;
-        EXPECT_EQ(ArchiveCause([&] { ar >> value; }), CArchiveException::endOfFile);
+        EXPECT_EQ(CauseOf<CArchiveException>([&] { ar >> value; }), CArchiveException::endOfFile);
     }
     {
         CMemFile file;
         CArchive ar(&file, CArchive::load);
         std::uint16_t value = 0;
-        EXPECT_EQ(ArchiveCause([&] { ar >> value; }), CArchiveException::endOfFile);
+        EXPECT_EQ(CauseOf<CArchiveException>([&] { ar >> value; }), CArchiveException::endOfFile);
     }
     {
         CMemFile file(Bytes(4, 0x00));
@@ -204,7 +193,7 @@ TEST(CArchiveValues, ReadingPastTheEndIsEndOfFile) {
         std::uint32_t value = 0;
         ar >> value;
         EXPECT_EQ(value, 0u);
-        EXPECT_EQ(ArchiveCause([&] { ar >> value; }), CArchiveException::endOfFile);
+        EXPECT_EQ(CauseOf<CArchiveException>([&] { ar >> value; }), CArchiveException::endOfFile);
     }
 }
 
@@ -305,7 +294,8 @@ TEST(CArchiveObjects, ObjectWithoutFactoryIsBadClass) {
     CMemFile file;
     CArchive ar(&file, CArchive::store);
     const Plain plain;
-    EXPECT_EQ(ArchiveCause([&] { ar.WriteObject(&plain); }), CArchiveException::badClass);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.WriteObject(&plain); }),
+              CArchiveException::badClass);
 }
 
 TEST(CArchiveObjects, ObjectsReadBackWithTheirClassesAndValues) {
@@ -367,13 +357,13 @@ TEST(CArchiveObjects, UnexpectedClassIsBadClass) {
     {
         CMemFile input(file.GetData());
         CArchive ar(&input, CArchive::load);
-        EXPECT_EQ(ArchiveCause([&] { ar.ReadObject(RUNTIME_CLASS(RvPoint2D)); }),
+        EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.ReadObject(RUNTIME_CLASS(RvPoint2D)); }),
                   CArchiveException::badClass);
     }
     {
         CMemFile input(file.GetData());
         CArchive ar(&input, CArchive::load);
-        EXPECT_EQ(ArchiveCause([&] { ar.ReadObject(RUNTIME_CLASS(Counter)); }),
+        EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.ReadObject(RUNTIME_CLASS(Counter)); }),
                   CArchiveException::badClass);
     }
 }
@@ -383,7 +373,8 @@ TEST(CArchiveObjects, UnknownClassNameIsBadClass) {
     AppendText(bytes, "Bogus");
     CMemFile file(bytes);
     CArchive ar(&file, CArchive::load);
-    EXPECT_EQ(ArchiveCause([&] { ar.ReadObject(nullptr); }), CArchiveException::badClass);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.ReadObject(nullptr); }),
+              CArchiveException::badClass);
 }
 
 TEST(CArchiveObjects, OtherSchemaIsBadSchema) {
@@ -393,7 +384,8 @@ TEST(CArchiveObjects, OtherSchemaIsBadSchema) {
     bytes.insert(bytes.end(), record.begin(), record.end());
     CMemFile file(bytes);
     CArchive ar(&file, CArchive::load);
-    EXPECT_EQ(ArchiveCause([&] { ar.ReadObject(nullptr); }), CArchiveException::badSchema);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.ReadObject(nullptr); }),
+              CArchiveException::badSchema);
 }
 
 TEST(CArchiveObjects, ClassIndexThatPointsNowhereIsBadIndex) {
@@ -402,7 +394,8 @@ TEST(CArchiveObjects, ClassIndexThatPointsNowhereIsBadIndex) {
         SCOPED_TRACE(testing::Message() << "tag " << std::hex << (tag[1] * 256 + tag[0]));
         CMemFile file(tag);
         CArchive ar(&file, CArchive::load);
-        EXPECT_EQ(ArchiveCause([&] { ar.ReadObject(nullptr); }), CArchiveException::badIndex);
+        EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.ReadObject(nullptr); }),
+                  CArchiveException::badIndex);
     }
 }
 
@@ -417,7 +410,8 @@ TEST(CArchiveObjects, IndexBeyondTheClassesReadSoFarIsBadIndex) {
     CMemFile file(bytes);
     CArchive ar(&file, CArchive::load);
     EXPECT_NE(ar.ReadObject(nullptr), nullptr);
-    EXPECT_EQ(ArchiveCause([&] { ar.ReadObject(nullptr); }), CArchiveException::badIndex);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.ReadObject(nullptr); }),
+              CArchiveException::badIndex);
 }
 
 TEST(CArchiveObjects, TruncatedClassNameIsEndOfFile) {
@@ -425,7 +419,8 @@ TEST(CArchiveObjects, TruncatedClassNameIsEndOfFile) {
     AppendText(bytes, "RvPoi");
     CMemFile file(bytes);
     CArchive ar(&file, CArchive::load);
-    EXPECT_EQ(ArchiveCause([&] { ar.ReadObject(nullptr); }), CArchiveException::endOfFile);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.ReadObject(nullptr); }),
+              CArchiveException::endOfFile);
 }
 
 TEST(CArchiveObjects, TruncatedObjectRecordIsEndOfFile) {
@@ -434,5 +429,6 @@ TEST(CArchiveObjects, TruncatedObjectRecordIsEndOfFile) {
     bytes.insert(bytes.end(), 20, 0x00);
     CMemFile file(bytes);
     CArchive ar(&file, CArchive::load);
-    EXPECT_EQ(ArchiveCause([&] { ar.ReadObject(nullptr); }), CArchiveException::endOfFile);
+    EXPECT_EQ(CauseOf<CArchiveException>([&] { ar.ReadObject(nullptr); }),
+              CArchiveException::endOfFile);
 }

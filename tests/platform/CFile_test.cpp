@@ -13,21 +13,12 @@
 #include "ravelin/platform/CException.h"
 #include "ravelin/platform/CFile.h"
 
+#include "support/RavelinTesting.h"
+
 using namespace ravelin;
+using namespace ravelin::testing_support;
 
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
-
-template <class Action>
-int FileCause(Action action) {
-    try {
-        action();
-    } catch (const CFileException& e) {
-        return e.m_cause;
-    }
-    return -1;
-}
 
 // Each test works in a directory of its own under the test temporary directory, removed
 // afterwards.
@@ -139,10 +130,13 @@ TEST_F(CFileOnDisk, SeekBeforeTheStartIsBadSeek) {
     const std::string path = PathOf("data.bin");
     WriteFile(path, kTen);
     CFile file(path.c_str(), CFile::modeRead);
-    EXPECT_EQ(FileCause([&] { file.Seek(-1, CFile::begin); }), CFileException::badSeek);
-    EXPECT_EQ(FileCause([&] { file.Seek(-11, CFile::end); }), CFileException::badSeek);
+    EXPECT_EQ(CauseOf<CFileException>([&] { file.Seek(-1, CFile::begin); }),
+              CFileException::badSeek);
+    EXPECT_EQ(CauseOf<CFileException>([&] { file.Seek(-11, CFile::end); }),
+              CFileException::badSeek);
     file.Seek(2, CFile::begin);
-    EXPECT_EQ(FileCause([&] { file.Seek(-3, CFile::current); }), CFileException::badSeek);
+    EXPECT_EQ(CauseOf<CFileException>([&] { file.Seek(-3, CFile::current); }),
+              CFileException::badSeek);
 }
 
 TEST_F(CFileOnDisk, ConstructorRaisesWhenTheFileCannotBeOpened) {
@@ -359,9 +353,12 @@ TEST(CMemFile, SeekFromEachOrigin) {
 TEST(CMemFile, SeekBeforeTheStartIsBadSeek) {
     CMemFile file(kTen);
     file.Seek(3, CFile::begin);
-    EXPECT_EQ(FileCause([&] { file.Seek(-1, CFile::begin); }), CFileException::badSeek);
-    EXPECT_EQ(FileCause([&] { file.Seek(-4, CFile::current); }), CFileException::badSeek);
-    EXPECT_EQ(FileCause([&] { file.Seek(-11, CFile::end); }), CFileException::badSeek);
+    EXPECT_EQ(CauseOf<CFileException>([&] { file.Seek(-1, CFile::begin); }),
+              CFileException::badSeek);
+    EXPECT_EQ(CauseOf<CFileException>([&] { file.Seek(-4, CFile::current); }),
+              CFileException::badSeek);
+    EXPECT_EQ(CauseOf<CFileException>([&] { file.Seek(-11, CFile::end); }),
+              CFileException::badSeek);
     EXPECT_EQ(file.GetPosition(), 3u);
 }
 

@@ -4,25 +4,17 @@
 #include <cstddef>
 #include <cstdint>
 #include <stdexcept>
-#include <string>
 #include <type_traits>
 #include <vector>
 
 #include "ravelin/platform/CheckedVector.h"
 
+#include "support/RavelinTesting.h"
+
 using namespace ravelin;
+using namespace ravelin::testing_support;
 
 namespace {
-
-template <class Exception, class Action>
-void ExpectThrowWithMessage(Action action, const std::string& message) {
-    try {
-        action();
-        ADD_FAILURE() << "nothing was thrown";
-    } catch (const Exception& e) {
-        EXPECT_EQ(std::string(e.what()), message);
-    }
-}
 
 constexpr const char* kSubscript = "invalid vector<T> subscript";
 constexpr const char* kTooLong = "vector<T> too long";

@@ -1,0 +1,149 @@
+#pragma once
+
+// Helpers shared by the test programs: raw bytes of archives, exceptions and their causes, and
+// message boxes recorded instead of shown.
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "ravelin/numeric/RvPoint3D.h"
+#include "ravelin/platform/AfxMessageBox.h"
+
+namespace ravelin::testing_support {
+
+// ---------------------------------------------------------------------------------------------
+// Bytes
+
+using Bytes = std::vector<std::uint8_t>;
+
+// Appends the four little-endian bytes of `value`.
+inline void AppendInt32(Bytes& bytes, std::int32_t value) {
+    const auto bits = static_cast<std::uint32_t>(value);
+    for (int i = 0; i < 4; ++i) {
+        bytes.push_back(static_cast<std::uint8_t>(bits >> (8 * i)));
+    }
+}
+
+// Appends the eight little-endian bytes of `value`.
+inline void AppendDouble(Bytes& bytes, double value) {
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    for (int i = 0; i < 8; ++i) {
+        bytes.push_back(static_cast<std::uint8_t>(bits >> (8 * i)));
+    }
+}
+
+// Appends the characters of `text`, one byte each and without a terminator.
+inline void AppendText(Bytes& bytes, std::string_view text) {
+    for (const char ch : text) {
+        bytes.push_back(static_cast<std::uint8_t>(ch));
+    }
+}
+
+// The little-endian double stored at `offset`.
+inline double DoubleAt(const Bytes& bytes, std::size_t offset) {
+    std::uint64_t bits = 0;
+    for (std::size_t i = 0; i < 8; ++i) {
+        bits |= static_cast<std::uint64_t>(bytes.at(offset + i)) << (8 * i);
+    }
+    return std::bit_cast<double>(bits);
+}
+
+// The `count` bytes from `offset` on.
+inline Bytes Slice(const Bytes& bytes, std::size_t offset, std::size_t count) {
+    return {bytes.begin() + static_cast<std::ptrdiff_t>(offset),
+            bytes.begin() + static_cast<std::ptrdiff_t>(offset + count)};
+}
+
+// ---------------------------------------------------------------------------------------------
+// Exceptions
+
+// Fails the test unless `action` throws an `Exception` whose what() is `message`.
+template <class Exception, class Action>
+void ExpectThrowWithMessage(Action action, const std::string& message) {
+    try {
+        action();
+        ADD_FAILURE() << "nothing was thrown";
+    } catch (const Exception& e) {
+        EXPECT_EQ(std::string(e.what()), message);
+    }
+}
+
+// The m_cause of the `Exception` that `action` throws, or -1 when it throws nothing.
+template <class Exception, class Action>
+int CauseOf(Action action) {
+    try {
+        action();
+    } catch (const Exception& e) {
+        return e.m_cause;
+    }
+    return -1;
+}
+
+// ---------------------------------------------------------------------------------------------
+// Message boxes
+
+// The one-shot warning of a vector that cannot be normalised, in UTF-8: "There was a problem
+// normalising a vector during the calculation! If the function does not work properly, close it
+// and try to use it again."
+inline const std::string kNormalizeWarning = [] {
+    constexpr std::u8string_view text =
+        u8"Nastal problém s normalizáciou vektora pri výpočte!\n\n"
+        u8"Pokiaľ funkcia nebude pracovať správne,\n"
+        u8"ukončite ju a pokúste sa ju použiť znova.";
+    return std::string(text.begin(), text.end());
+}();
+
+// One message box as the handler received it.
+struct MessageBoxCall {
+    std::string text;
+    unsigned type;
+    unsigned helpId;
+};
+
+// A handler that appends every message box to `calls` and answers `answer`.
+inline AfxMessageBoxHandler RecordingHandler(std::vector<MessageBoxCall>& calls,
+                                             int answer = IDOK) {
+    return [&calls, answer](const char* text, unsigned type, unsigned helpId) {
+        calls.push_back({text, type, helpId});
+        return answer;
+    };
+}
+
+// Installs `handler` while it lives and puts back the handler it replaced.
+class ScopedMessageBoxHandler {
+public:
+    explicit ScopedMessageBoxHandler(AfxMessageBoxHandler handler)
+        : m_previous(AfxSetMessageBoxHandler(std::move(handler))) {}
+    ~ScopedMessageBoxHandler() { AfxSetMessageBoxHandler(std::move(m_previous)); }
+    ScopedMessageBoxHandler(const ScopedMessageBoxHandler&) = delete;
+    ScopedMessageBoxHandler& operator=(const ScopedMessageBoxHandler&) = delete;
+
+private:
+    AfxMessageBoxHandler m_previous;
+};
+
+// Records every message box instead of showing it, and arms the process-wide warning of
+// Normalize; the previous handler is put back and the warning armed again when it goes.
+class MessageBoxRecorder {
+public:
+    MessageBoxRecorder() { RvPoint3D::Activate_Normalize_Warning_ERR(); }
+    ~MessageBoxRecorder() { RvPoint3D::Activate_Normalize_Warning_ERR(); }
+    MessageBoxRecorder(const MessageBoxRecorder&) = delete;
+    MessageBoxRecorder& operator=(const MessageBoxRecorder&) = delete;
+
+    // The message boxes shown so far, oldest first.
+    const std::vector<MessageBoxCall>& calls() const { return m_calls; }
+
+private:
+    std::vector<MessageBoxCall> m_calls;
+    ScopedMessageBoxHandler m_handler{RecordingHandler(m_calls)};
+};
+
+}  // namespace ravelin::testing_support
