@@ -17,7 +17,10 @@
 #include "ravelin/numeric/RvPoint3D.h"
 #include "ravelin/platform/CPoint.h"
 
+#include "support/RavelinTesting.h"
+
 using namespace ravelin;
+using namespace ravelin::testing_support;
 
 namespace {
 
@@ -126,12 +129,6 @@ Vec Unit(const Vec& a) {
     return {a.x / s, a.y / s, a.z / s};
 }
 
-void ExpectPointNear(const RvPoint3D& p, double x, double y, double z, double tol) {
-    EXPECT_NEAR(p.x, x, tol);
-    EXPECT_NEAR(p.y, y, tol);
-    EXPECT_NEAR(p.z, z, tol);
-}
-
 }  // namespace
 
 // ---------------------------------------------------------------------------------------------
@@ -227,8 +224,8 @@ TEST(CMatrixCreate, ScaleWritesOnlyFirstThreeDiagonalElements) {
 TEST(CMatrixCreate, RotateXTurnsYOntoZ) {
     CMatrix a;
     a.CreateRotateMX(kPi / 2);
-    ExpectPointNear(a.GetVector3D(0, 1, 0), 0, 0, 1, 1e-15);
-    ExpectPointNear(a.GetVector3D(0, 0, 1), 0, -1, 0, 1e-15);
+    ExpectXyzNear(a.GetVector3D(0, 1, 0), 0, 0, 1, 1e-15);
+    ExpectXyzNear(a.GetVector3D(0, 0, 1), 0, -1, 0, 1e-15);
 }
 
 TEST(CMatrixCreate, RotateYTurnsXOntoPositiveZ) {
@@ -236,16 +233,16 @@ TEST(CMatrixCreate, RotateYTurnsXOntoPositiveZ) {
     // opposite sense of the textbook rotation about y.
     CMatrix a;
     a.CreateRotateMY(kPi / 2);
-    ExpectPointNear(a.GetVector3D(1, 0, 0), 0, 0, 1, 1e-15);
-    ExpectPointNear(a.GetVector3D(0, 0, 1), -1, 0, 0, 1e-15);
-    ExpectPointNear(a.GetVector3D(0, 1, 0), 0, 1, 0, 1e-15);
+    ExpectXyzNear(a.GetVector3D(1, 0, 0), 0, 0, 1, 1e-15);
+    ExpectXyzNear(a.GetVector3D(0, 0, 1), -1, 0, 0, 1e-15);
+    ExpectXyzNear(a.GetVector3D(0, 1, 0), 0, 1, 0, 1e-15);
 }
 
 TEST(CMatrixCreate, RotateZTurnsXOntoY) {
     CMatrix a;
     a.CreateRotateMZ(kPi / 2);
-    ExpectPointNear(a.GetVector3D(1, 0, 0), 0, 1, 0, 1e-15);
-    ExpectPointNear(a.GetVector3D(0, 1, 0), -1, 0, 0, 1e-15);
+    ExpectXyzNear(a.GetVector3D(1, 0, 0), 0, 1, 0, 1e-15);
+    ExpectXyzNear(a.GetVector3D(0, 1, 0), -1, 0, 0, 1e-15);
 }
 
 TEST(CMatrixCreate, SecondTranslateReplacesTranslationAndKeepsRotation) {
@@ -295,8 +292,8 @@ TEST(CMatrixCreateRotateM, KeepsAxisAndTurnsPerpendicularVectorsByAngle) {
             CMatrix a;
             a.CreateRotateM(angle, RvPoint3D(axis.x, axis.y, axis.z));
 
-            ExpectPointNear(a.GetVector3D(axis.x, axis.y, axis.z), axis.x, axis.y, axis.z, 1e-12);
-            ExpectPointNear(a.GetPoint3D(0, 0, 0), 0, 0, 0, 1e-15);
+            ExpectXyzNear(a.GetVector3D(axis.x, axis.y, axis.z), axis.x, axis.y, axis.z, 1e-12);
+            ExpectXyzNear(a.GetPoint3D(0, 0, 0), 0, 0, 0, 1e-15);
 
             const Vec n = Unit(axis);
             const Vec helper = std::fabs(n.x) < 0.9 ? Vec{1, 0, 0} : Vec{0, 1, 0};
@@ -304,12 +301,12 @@ TEST(CMatrixCreateRotateM, KeepsAxisAndTurnsPerpendicularVectorsByAngle) {
             const Vec nu = Cross(n, u);
             const double c = std::cos(angle);
             const double s = std::sin(angle);
-            ExpectPointNear(a.GetVector3D(u.x, u.y, u.z), c * u.x + s * nu.x, c * u.y + s * nu.y,
-                            c * u.z + s * nu.z, 1e-12);
+            ExpectXyzNear(a.GetVector3D(u.x, u.y, u.z), c * u.x + s * nu.x, c * u.y + s * nu.y,
+                          c * u.z + s * nu.z, 1e-12);
             // The second perpendicular direction turns the same way: n x u goes to
             // cos(angle) (n x u) - sin(angle) u.
-            ExpectPointNear(a.GetVector3D(nu.x, nu.y, nu.z), c * nu.x - s * u.x, c * nu.y - s * u.y,
-                            c * nu.z - s * u.z, 1e-12);
+            ExpectXyzNear(a.GetVector3D(nu.x, nu.y, nu.z), c * nu.x - s * u.x, c * nu.y - s * u.y,
+                          c * nu.z - s * u.z, 1e-12);
         }
     }
 }
@@ -393,15 +390,15 @@ TEST(CMatrixOperatorMultiply, TranslationTimesRotationTranslatesFirst) {
     o.CreateRotateMZ(kPi / 2);
     const CMatrix p = x * o;
     // The origin is moved to (1, 0, 0) and then turned a quarter about z to (0, 1, 0).
-    ExpectPointNear(p.GetPoint3D(0, 0, 0), 0, 1, 0, 1e-15);
-    ExpectPointNear(p.GetPoint3D(1, 0, 0), 0, 2, 0, 1e-15);
-    ExpectPointNear(p.GetPoint3D(0, 1, 0), -1, 1, 0, 1e-15);
+    ExpectXyzNear(p.GetPoint3D(0, 0, 0), 0, 1, 0, 1e-15);
+    ExpectXyzNear(p.GetPoint3D(1, 0, 0), 0, 2, 0, 1e-15);
+    ExpectXyzNear(p.GetPoint3D(0, 1, 0), -1, 1, 0, 1e-15);
     EXPECT_NEAR(At(p, 0, 3), 0.0, 1e-15);
     EXPECT_NEAR(At(p, 1, 3), 1.0, 1e-15);
     // The other order turns first: the origin stays and is then moved to (1, 0, 0).
     const CMatrix q = o * x;
-    ExpectPointNear(q.GetPoint3D(0, 0, 0), 1, 0, 0, 1e-15);
-    ExpectPointNear(q.GetPoint3D(1, 0, 0), 1, 1, 0, 1e-15);
+    ExpectXyzNear(q.GetPoint3D(0, 0, 0), 1, 0, 0, 1e-15);
+    ExpectXyzNear(q.GetPoint3D(1, 0, 0), 1, 1, 0, 1e-15);
 }
 
 TEST(CMatrixOperatorMultiply, CompoundAssignmentAppliesRightOperandAfter) {
@@ -418,7 +415,7 @@ TEST(CMatrixOperatorMultiply, CompoundAssignmentAppliesRightOperandAfter) {
     CMatrix o;
     o.CreateRotateMZ(kPi / 2);
     x *= o;
-    ExpectPointNear(x.GetPoint3D(0, 0, 0), 0, 1, 0, 1e-15);
+    ExpectXyzNear(x.GetPoint3D(0, 0, 0), 0, 1, 0, 1e-15);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -469,18 +466,8 @@ TEST(CMatrixGetVector3D, LeavesOutTranslation) {
 
 TEST(CMatrixGetRvPoint2D, PlanarPairFromRowsZeroAndOneAndSpaceUnchanged) {
     const CMatrix a = Numbered();
-    const RvPoint2D p = a.GetRvPoint2D(RvPoint3D(1, 2, 3));
-    EXPECT_EQ(p.x2D, 18.0);
-    EXPECT_EQ(p.y2D, 46.0);
-    EXPECT_EQ(p.x, 1.0);
-    EXPECT_EQ(p.y, 2.0);
-    EXPECT_EQ(p.z, 3.0);
-    const RvPoint2D q = a.GetRvPoint2D(1, 2, 3);
-    EXPECT_EQ(q.x2D, 18.0);
-    EXPECT_EQ(q.y2D, 46.0);
-    EXPECT_EQ(q.x, 1.0);
-    EXPECT_EQ(q.y, 2.0);
-    EXPECT_EQ(q.z, 3.0);
+    EXPECT_TRUE(HasValues(a.GetRvPoint2D(RvPoint3D(1, 2, 3)), 1, 2, 3, 18, 46));
+    EXPECT_TRUE(HasValues(a.GetRvPoint2D(1, 2, 3), 1, 2, 3, 18, 46));
 }
 
 TEST(CMatrixGetRvPoint2D, ReadsSpaceOfPlanarPointNotItsPlanarPair) {
@@ -781,7 +768,7 @@ TEST(CMatrixGetInverseMatrix, RigidTransformInverseUndoesIt) {
     a.CreateTranslateM(5.0, -6.0, 7.0);
     const CMatrix inverse = a.GetInverseMatrix();
     const RvPoint3D moved = a.GetPoint3D(1.5, 2.5, -3.5);
-    ExpectPointNear(inverse.GetPoint3D(moved), 1.5, 2.5, -3.5, 1e-12);
+    ExpectXyzNear(inverse.GetPoint3D(moved), 1.5, 2.5, -3.5, 1e-12);
     CMatrix product;
     product.MutlMatrix(a, inverse);
     EXPECT_TRUE(IsIdentity(product, 1e-12));

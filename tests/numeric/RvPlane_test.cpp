@@ -35,12 +35,6 @@ using RvPlaneNormalVector = RvPlaneTest;
 using RvPlaneIntersectVector = RvPlaneTest;
 using RvPlaneNullVectors = RvPlaneTest;
 
-void ExpectXyz(const RvPoint3D& p, double x, double y, double z, double tol = kTight) {
-    EXPECT_NEAR(p.x, x, tol);
-    EXPECT_NEAR(p.y, y, tol);
-    EXPECT_NEAR(p.z, z, tol);
-}
-
 void ExpectPlanar(const RvPoint2D& p, double x2D, double y2D, double tol = kTight) {
     EXPECT_NEAR(p.x2D, x2D, tol);
     EXPECT_NEAR(p.y2D, y2D, tol);
@@ -68,11 +62,11 @@ void ExpectSameFiveValues(const RvPoint2D& a, const RvPoint2D& b) {
 
 TEST_F(RvPlaneConstruction, DefaultHoldsThreeZeroPoints) {
     const RvPlane plane;
-    ExpectXyz(plane.m_vectorU, 0, 0, 0, 0);
+    ExpectXyzNear(plane.m_vectorU, 0, 0, 0, 0);
     ExpectPlanar(plane.m_vectorU, 0, 0, 0);
-    ExpectXyz(plane.m_vectorV, 0, 0, 0, 0);
+    ExpectXyzNear(plane.m_vectorV, 0, 0, 0, 0);
     ExpectPlanar(plane.m_vectorV, 0, 0, 0);
-    ExpectXyz(plane.m_point, 0, 0, 0, 0);
+    ExpectXyzNear(plane.m_point, 0, 0, 0, 0);
 }
 
 TEST_F(RvPlaneConstruction, DestructorIsVirtual) {
@@ -87,7 +81,7 @@ TEST_F(RvPlaneConstruction, PointAndNormalConstructorEqualsSet) {
     set.Set(point, normal);
     ExpectSameFiveValues(made.m_vectorU, set.m_vectorU);
     ExpectSameFiveValues(made.m_vectorV, set.m_vectorV);
-    ExpectXyz(made.m_point, 4, -5, 6, 0);
+    ExpectXyzNear(made.m_point, 4, -5, 6, 0);
 }
 
 TEST_F(RvPlaneConstruction, PointAndDirectionsConstructorEqualsSet) {
@@ -99,15 +93,15 @@ TEST_F(RvPlaneConstruction, PointAndDirectionsConstructorEqualsSet) {
     set.Set(point, u, v);
     ExpectSameFiveValues(made.m_vectorU, set.m_vectorU);
     ExpectSameFiveValues(made.m_vectorV, set.m_vectorV);
-    ExpectXyz(made.m_point, -1, 0, 7, 0);
+    ExpectXyzNear(made.m_point, -1, 0, 7, 0);
 }
 
 TEST_F(RvPlaneConstruction, GetPointReturnsACopyOfThePoint) {
     RvPlane plane(RvPoint3D(1, 2, 3), RvPoint3D(0, 0, 1));
     RvPoint3D copy = plane.GetPoint();
-    ExpectXyz(copy, 1, 2, 3, 0);
+    ExpectXyzNear(copy, 1, 2, 3, 0);
     copy.Set(9, 9, 9);
-    ExpectXyz(plane.m_point, 1, 2, 3, 0);
+    ExpectXyzNear(plane.m_point, 1, 2, 3, 0);
 }
 
 // --- Set from a point and a normal ---------------------------------------------------------
@@ -117,11 +111,11 @@ TEST_F(RvPlaneSetFromNormal, VerticalNormalKeepsStartDirection) {
     plane.Set(RvPoint3D(1, 2, 3), RvPoint3D(0, 0, 1));
     // Neither x nor y of the normal is large enough: the second direction stays (0, 1, 0), and
     // the first is (0, 0, 1) x (0, 1, 0) = (-1, 0, 0).
-    ExpectXyz(plane.m_vectorV, 0, 1, 0);
+    ExpectXyzNear(plane.m_vectorV, 0, 1, 0, kTight);
     ExpectPlanar(plane.m_vectorV, 0, 1);
-    ExpectXyz(plane.m_vectorU, -1, 0, 0);
+    ExpectXyzNear(plane.m_vectorU, -1, 0, 0, kTight);
     ExpectPlanar(plane.m_vectorU, -1, 0);
-    ExpectXyz(plane.m_point, 1, 2, 3, 0);
+    ExpectXyzNear(plane.m_point, 1, 2, 3, 0);
     EXPECT_TRUE(m_shown.empty());
 }
 
@@ -129,8 +123,8 @@ TEST_F(RvPlaneSetFromNormal, DownwardNormalTurnsFirstDirectionAround) {
     RvPlane plane;
     plane.Set(RvPoint3D(), RvPoint3D(0, 0, -2));
     // (0, 0, -1) x (0, 1, 0) = (1, 0, 0).
-    ExpectXyz(plane.m_vectorV, 0, 1, 0);
-    ExpectXyz(plane.m_vectorU, 1, 0, 0);
+    ExpectXyzNear(plane.m_vectorV, 0, 1, 0, kTight);
+    ExpectXyzNear(plane.m_vectorU, 1, 0, 0, kTight);
     ExpectPlanar(plane.m_vectorU, 1, 0);
 }
 
@@ -139,9 +133,9 @@ TEST_F(RvPlaneSetFromNormal, NormalAlongXIsNormalisedAndGivesVerticalFirstDirect
     plane.Set(RvPoint3D(), RvPoint3D(2, 0, 0));
     // x decides: the second direction is (-(0 / 2), 1, 0) = (0, 1, 0); the normal becomes
     // (1, 0, 0), and (1, 0, 0) x (0, 1, 0) = (0, 0, 1).
-    ExpectXyz(plane.m_vectorV, 0, 1, 0);
+    ExpectXyzNear(plane.m_vectorV, 0, 1, 0, kTight);
     ExpectPlanar(plane.m_vectorV, 0, 1);
-    ExpectXyz(plane.m_vectorU, 0, 0, 1);
+    ExpectXyzNear(plane.m_vectorU, 0, 0, 1, kTight);
     ExpectPlanar(plane.m_vectorU, 0, 0);
     EXPECT_TRUE(m_shown.empty());
 }
@@ -151,10 +145,10 @@ TEST_F(RvPlaneSetFromNormal, NormalAlongYBendsSecondDirectionOnlyInSpace) {
     plane.Set(RvPoint3D(), RvPoint3D(0, 3, 0));
     // y decides: the second direction is (1, -(0 / 3), 0) = (1, 0, 0) in space. Its planar pair
     // keeps the start value (0, 1): only its position in space is bent toward the normal.
-    ExpectXyz(plane.m_vectorV, 1, 0, 0);
+    ExpectXyzNear(plane.m_vectorV, 1, 0, 0, kTight);
     ExpectPlanar(plane.m_vectorV, 0, 1);
     // (0, 1, 0) x (1, 0, 0) = (0, 0, -1).
-    ExpectXyz(plane.m_vectorU, 0, 0, -1);
+    ExpectXyzNear(plane.m_vectorU, 0, 0, -1, kTight);
     ExpectPlanar(plane.m_vectorU, 0, 0);
 }
 
@@ -164,11 +158,11 @@ TEST_F(RvPlaneSetFromNormal, ObliqueNormalWithLeadingX) {
     // Second direction (-2, 1, 0) / sqrt(5); normal (1, 2, 2) / 3; their product is
     // (-2, -4, 5) / (3 sqrt(5)).
     const double s5 = std::sqrt(5.0);
-    ExpectXyz(plane.m_vectorV, -2 / s5, 1 / s5, 0);
+    ExpectXyzNear(plane.m_vectorV, -2 / s5, 1 / s5, 0, kTight);
     // The second direction's planar pair keeps its start value (0, 1): only its position in
     // space is bent toward the normal.
     ExpectPlanar(plane.m_vectorV, 0, 1);
-    ExpectXyz(plane.m_vectorU, -2 / (3 * s5), -4 / (3 * s5), 5 / (3 * s5));
+    ExpectXyzNear(plane.m_vectorU, -2 / (3 * s5), -4 / (3 * s5), 5 / (3 * s5), kTight);
     ExpectPlanar(plane.m_vectorU, -2 / (3 * s5), -4 / (3 * s5));
 }
 
@@ -179,9 +173,9 @@ TEST_F(RvPlaneSetFromNormal, DiagonalNormal) {
     // is (-1, -1, 2) / sqrt(6).
     const double s2 = std::sqrt(2.0);
     const double s6 = std::sqrt(6.0);
-    ExpectXyz(plane.m_vectorV, -1 / s2, 1 / s2, 0);
+    ExpectXyzNear(plane.m_vectorV, -1 / s2, 1 / s2, 0, kTight);
     ExpectPlanar(plane.m_vectorV, 0, 1);
-    ExpectXyz(plane.m_vectorU, -1 / s6, -1 / s6, 2 / s6);
+    ExpectXyzNear(plane.m_vectorU, -1 / s6, -1 / s6, 2 / s6, kTight);
     ExpectPlanar(plane.m_vectorU, -1 / s6, -1 / s6);
 }
 
@@ -191,9 +185,9 @@ TEST_F(RvPlaneSetFromNormal, ObliqueNormalWithoutX) {
     // y decides: second direction (1, 0, 0); (0, 1, 1) / sqrt(2) x (1, 0, 0) = (0, 1, -1) /
     // sqrt(2).
     const double s2 = std::sqrt(2.0);
-    ExpectXyz(plane.m_vectorV, 1, 0, 0);
+    ExpectXyzNear(plane.m_vectorV, 1, 0, 0, kTight);
     ExpectPlanar(plane.m_vectorV, 0, 1);
-    ExpectXyz(plane.m_vectorU, 0, 1 / s2, -1 / s2);
+    ExpectXyzNear(plane.m_vectorU, 0, 1 / s2, -1 / s2, kTight);
     ExpectPlanar(plane.m_vectorU, 0, 1 / s2);
 }
 
@@ -233,14 +227,14 @@ TEST_F(RvPlaneSetFromNormal, XOfExactlyTheThresholdLetsYDecide) {
     // |x| is not above 0.0001, so y decides: (1, -(0.0001 / 1), 0) normalised. Had x decided,
     // the direction would have been (-10000, 1, 0) normalised, pointing toward negative x.
     const double length = std::sqrt(1 + 1e-8);
-    ExpectXyz(plane.m_vectorV, 1 / length, -0.0001 / length, 0, 1e-15);
+    ExpectXyzNear(plane.m_vectorV, 1 / length, -0.0001 / length, 0, 1e-15);
 }
 
 TEST_F(RvPlaneSetFromNormal, NegativeXOfExactlyTheThresholdLetsYDecide) {
     RvPlane plane;
     plane.Set(RvPoint3D(), RvPoint3D(-0.0001, 1, 0));
     const double length = std::sqrt(1 + 1e-8);
-    ExpectXyz(plane.m_vectorV, 1 / length, 0.0001 / length, 0, 1e-15);
+    ExpectXyzNear(plane.m_vectorV, 1 / length, 0.0001 / length, 0, 1e-15);
 }
 
 TEST_F(RvPlaneSetFromNormal, XPlainlyAboveTheThresholdDecides) {
@@ -248,7 +242,7 @@ TEST_F(RvPlaneSetFromNormal, XPlainlyAboveTheThresholdDecides) {
     plane.Set(RvPoint3D(), RvPoint3D(0.0002, 1, 0));
     // (-(1 / 0.0002), 1, 0) = (-5000, 1, 0), normalised.
     const double length = std::sqrt(5000.0 * 5000.0 + 1);
-    ExpectXyz(plane.m_vectorV, -5000 / length, 1 / length, 0, 1e-15);
+    ExpectXyzNear(plane.m_vectorV, -5000 / length, 1 / length, 0, 1e-15);
 }
 
 TEST_F(RvPlaneSetFromNormal, YOfExactlyTheThresholdKeepsStartDirection) {
@@ -256,17 +250,17 @@ TEST_F(RvPlaneSetFromNormal, YOfExactlyTheThresholdKeepsStartDirection) {
     plane.Set(RvPoint3D(), RvPoint3D(0, 0.0001, 1));
     // Neither x nor y is plainly above 0.0001: the second direction stays (0, 1, 0). The unit
     // normal is (0, 0.0001, 1) / sqrt(1 + 1e-8), and its product with (0, 1, 0) is (-z, 0, 0).
-    ExpectXyz(plane.m_vectorV, 0, 1, 0, 0);
-    ExpectXyz(plane.m_vectorU, -1 / std::sqrt(1 + 1e-8), 0, 0, 1e-15);
+    ExpectXyzNear(plane.m_vectorV, 0, 1, 0, 0);
+    ExpectXyzNear(plane.m_vectorU, -1 / std::sqrt(1 + 1e-8), 0, 0, 1e-15);
 }
 
 TEST_F(RvPlaneSetFromNormal, SecondSetStartsAgainFromTheStartDirection) {
     RvPlane plane(RvPoint3D(5, 5, 5), RvPoint3D(1, 1, 1));
     plane.Set(RvPoint3D(1, 0, 0), RvPoint3D(0, 0, 1));
-    ExpectXyz(plane.m_vectorV, 0, 1, 0, 0);
+    ExpectXyzNear(plane.m_vectorV, 0, 1, 0, 0);
     ExpectPlanar(plane.m_vectorV, 0, 1, 0);
-    ExpectXyz(plane.m_vectorU, -1, 0, 0);
-    ExpectXyz(plane.m_point, 1, 0, 0, 0);
+    ExpectXyzNear(plane.m_vectorU, -1, 0, 0, kTight);
+    ExpectXyzNear(plane.m_point, 1, 0, 0, 0);
 }
 
 TEST_F(RvPlaneSetFromNormal, CallersNormalIsLeftAsItIs) {
@@ -274,8 +268,8 @@ TEST_F(RvPlaneSetFromNormal, CallersNormalIsLeftAsItIs) {
     RvPoint3D point(1, 2, 3);
     RvPlane plane;
     plane.Set(point, normal);
-    ExpectXyz(normal, 0, 0, 4, 0);
-    ExpectXyz(point, 1, 2, 3, 0);
+    ExpectXyzNear(normal, 0, 0, 4, 0);
+    ExpectXyzNear(point, 1, 2, 3, 0);
 }
 
 // --- Set from a point and two directions ---------------------------------------------------
@@ -283,9 +277,9 @@ TEST_F(RvPlaneSetFromNormal, CallersNormalIsLeftAsItIs) {
 TEST_F(RvPlaneSetFromDirections, DirectionsAreNormalised) {
     RvPlane plane;
     plane.Set(RvPoint3D(7, 8, 9), RvPoint3D(3, 0, 4), RvPoint3D(0, 2, 0));
-    ExpectXyz(plane.m_point, 7, 8, 9, 0);
-    ExpectXyz(plane.m_vectorU, 0.6, 0, 0.8);
-    ExpectXyz(plane.m_vectorV, 0, 1, 0);
+    ExpectXyzNear(plane.m_point, 7, 8, 9, 0);
+    ExpectXyzNear(plane.m_vectorU, 0.6, 0, 0.8, kTight);
+    ExpectXyzNear(plane.m_vectorV, 0, 1, 0, kTight);
     ExpectPlanar(plane.m_vectorV, 0, 1);
     EXPECT_TRUE(m_shown.empty());
 }
@@ -303,9 +297,9 @@ TEST_F(RvPlaneSetFromDirections, HorizontalDirectionsKeepPlanarPairEqualToXY) {
     RvPlane plane;
     plane.Set(RvPoint3D(), RvPoint3D(-6, 8, 0), RvPoint3D(1, 1, 0));
     const double s2 = std::sqrt(2.0);
-    ExpectXyz(plane.m_vectorU, -0.6, 0.8, 0);
+    ExpectXyzNear(plane.m_vectorU, -0.6, 0.8, 0, kTight);
     ExpectPlanar(plane.m_vectorU, -0.6, 0.8);
-    ExpectXyz(plane.m_vectorV, 1 / s2, 1 / s2, 0);
+    ExpectXyzNear(plane.m_vectorV, 1 / s2, 1 / s2, 0, kTight);
     ExpectPlanar(plane.m_vectorV, 1 / s2, 1 / s2);
 }
 
@@ -313,11 +307,11 @@ TEST_F(RvPlaneSetFromDirections, DirectionsAreNotMadePerpendicular) {
     RvPlane plane;
     plane.Set(RvPoint3D(), RvPoint3D(2, 0, 0), RvPoint3D(1, 1, 0));
     const double s2 = std::sqrt(2.0);
-    ExpectXyz(plane.m_vectorU, 1, 0, 0);
-    ExpectXyz(plane.m_vectorV, 1 / s2, 1 / s2, 0);
+    ExpectXyzNear(plane.m_vectorU, 1, 0, 0, kTight);
+    ExpectXyzNear(plane.m_vectorV, 1 / s2, 1 / s2, 0, kTight);
     // (1, 0, 0) x (1, 1, 0) / sqrt(2) = (0, 0, 1 / sqrt(2)): not of unit length.
     const RvPoint3D normal = plane.GetNormalVector();
-    ExpectXyz(normal, 0, 0, 1 / s2);
+    ExpectXyzNear(normal, 0, 0, 1 / s2, kTight);
     EXPECT_NEAR(Length(normal), 1 / s2, kTight);
 }
 
@@ -326,7 +320,7 @@ TEST_F(RvPlaneSetFromDirections, VerticalDirectionHasNoPlanarPair) {
     plane.Set(RvPoint3D(), RvPoint3D(1, 0, 0), RvPoint3D(0, 0, 5));
     // The planar pair (0, 0) is divided by its length 0 with no guard; the position in space is
     // still normalised.
-    ExpectXyz(plane.m_vectorV, 0, 0, 1);
+    ExpectXyzNear(plane.m_vectorV, 0, 0, 1, kTight);
     EXPECT_TRUE(std::isnan(plane.m_vectorV.x2D));
     EXPECT_TRUE(std::isnan(plane.m_vectorV.y2D));
     EXPECT_TRUE(m_shown.empty());
@@ -339,23 +333,23 @@ TEST_F(RvPlaneNormalVector, IsFirstDirectionCrossSecond) {
     plane.m_vectorU = RvPoint2D(1, 2, 3);
     plane.m_vectorV = RvPoint2D(4, 5, 6);
     // (2*6 - 3*5, 3*4 - 1*6, 1*5 - 2*4) = (-3, 6, -3), with no normalisation.
-    ExpectXyz(plane.GetNormalVector(), -3, 6, -3, 0);
+    ExpectXyzNear(plane.GetNormalVector(), -3, 6, -3, 0);
 }
 
 TEST_F(RvPlaneNormalVector, ReadsOnlyThePositionsInSpace) {
     RvPlane plane;
     plane.m_vectorU = RvPoint2D(50, 60, 1, 0, 0);
     plane.m_vectorV = RvPoint2D(70, 80, 0, 1, 0);
-    ExpectXyz(plane.GetNormalVector(), 0, 0, 1, 0);
+    ExpectXyzNear(plane.GetNormalVector(), 0, 0, 1, 0);
 }
 
 TEST_F(RvPlaneNormalVector, OfAPlaneFromANormalPointsTheOtherWay) {
     // The first direction is normal x second, so first x second = (n x v) x v = -n for a unit
     // second direction perpendicular to the unit normal.
     RvPlane flat(RvPoint3D(), RvPoint3D(0, 0, 1));
-    ExpectXyz(flat.GetNormalVector(), 0, 0, -1);
+    ExpectXyzNear(flat.GetNormalVector(), 0, 0, -1, kTight);
     RvPlane oblique(RvPoint3D(), RvPoint3D(1, 2, 2));
-    ExpectXyz(oblique.GetNormalVector(), -1.0 / 3, -2.0 / 3, -2.0 / 3);
+    ExpectXyzNear(oblique.GetNormalVector(), -1.0 / 3, -2.0 / 3, -2.0 / 3, kTight);
 }
 
 // --- Intersection direction ----------------------------------------------------------------
@@ -363,24 +357,24 @@ TEST_F(RvPlaneNormalVector, OfAPlaneFromANormalPointsTheOtherWay) {
 TEST_F(RvPlaneIntersectVector, ParallelPlanesGiveZero) {
     const RvPlane lower(RvPoint3D(0, 0, 0), RvPoint3D(0, 0, 1));
     const RvPlane upper(RvPoint3D(0, 0, 5), RvPoint3D(0, 0, 1));
-    ExpectXyz(lower.GetIntersectVector(upper), 0, 0, 0, 0);
+    ExpectXyzNear(lower.GetIntersectVector(upper), 0, 0, 0, 0);
 }
 
 TEST_F(RvPlaneIntersectVector, ObliqueParallelAndOppositePlanesGiveZero) {
     const RvPlane a(RvPoint3D(0, 0, 0), RvPoint3D(1, 2, 2));
     const RvPlane b(RvPoint3D(3, 3, 3), RvPoint3D(2, 4, 4));
     const RvPlane c(RvPoint3D(-1, 0, 0), RvPoint3D(-1, -2, -2));
-    ExpectXyz(a.GetIntersectVector(b), 0, 0, 0);
-    ExpectXyz(a.GetIntersectVector(c), 0, 0, 0);
+    ExpectXyzNear(a.GetIntersectVector(b), 0, 0, 0, kTight);
+    ExpectXyzNear(a.GetIntersectVector(c), 0, 0, 0, kTight);
 }
 
 TEST_F(RvPlaneIntersectVector, HorizontalAndUprightPlanesMeetAlongX) {
     const RvPlane xy(RvPoint3D(), RvPoint3D(0, 0, 1));
     const RvPlane xz(RvPoint3D(), RvPoint3D(0, 1, 0));
     // The normals are (0, 0, -1) and (0, -1, 0); their product is (-1, 0, 0).
-    ExpectXyz(xy.GetIntersectVector(xz), -1, 0, 0);
+    ExpectXyzNear(xy.GetIntersectVector(xz), -1, 0, 0, kTight);
     // The order of the planes is the order of the product.
-    ExpectXyz(xz.GetIntersectVector(xy), 1, 0, 0);
+    ExpectXyzNear(xz.GetIntersectVector(xy), 1, 0, 0, kTight);
 }
 
 TEST_F(RvPlaneIntersectVector, IsPerpendicularToBothNormals) {
@@ -388,7 +382,7 @@ TEST_F(RvPlaneIntersectVector, IsPerpendicularToBothNormals) {
     const RvPlane b(RvPoint3D(), RvPoint3D(0, 0, 1));
     // -(1, 2, 2) / 3 x (0, 0, -1) = (2/3, -1/3, 0).
     const RvPoint3D line = a.GetIntersectVector(b);
-    ExpectXyz(line, 2.0 / 3, -1.0 / 3, 0);
+    ExpectXyzNear(line, 2.0 / 3, -1.0 / 3, 0, kTight);
     EXPECT_NEAR(Dot(line, a.GetNormalVector()), 0, kTight);
     EXPECT_NEAR(Dot(line, b.GetNormalVector()), 0, kTight);
 }
@@ -404,10 +398,10 @@ TEST_F(RvPlaneNullVectors, ZeroNormalShowsTheWarningOnce) {
     EXPECT_EQ(m_shown[0].helpId, 0u);
     EXPECT_FALSE(RvPoint3D::s_bNormalizeWarning);
     // The zero normal stays zero, so the first direction is zero; the second is the start one.
-    ExpectXyz(plane.m_vectorV, 0, 1, 0, 0);
-    ExpectXyz(plane.m_vectorU, 0, 0, 0, 0);
+    ExpectXyzNear(plane.m_vectorV, 0, 1, 0, 0);
+    ExpectXyzNear(plane.m_vectorU, 0, 0, 0, 0);
     ExpectPlanar(plane.m_vectorU, 0, 0, 0);
-    ExpectXyz(plane.m_point, 1, 2, 3, 0);
+    ExpectXyzNear(plane.m_point, 1, 2, 3, 0);
 }
 
 TEST_F(RvPlaneNullVectors, WarningIsNotRepeatedUntilArmedAgain) {
@@ -424,7 +418,7 @@ TEST_F(RvPlaneNullVectors, DisarmedWarningStaysSilent) {
     RvPoint3D::s_bNormalizeWarning = false;
     RvPlane plane(RvPoint3D(0, 0, 0), RvPoint3D(0, 0, 0));
     EXPECT_TRUE(m_shown.empty());
-    ExpectXyz(plane.m_vectorU, 0, 0, 0, 0);
+    ExpectXyzNear(plane.m_vectorU, 0, 0, 0, 0);
 }
 
 TEST_F(RvPlaneNullVectors, ZeroDirectionsWarnOnceAndStayZero) {
@@ -432,6 +426,6 @@ TEST_F(RvPlaneNullVectors, ZeroDirectionsWarnOnceAndStayZero) {
     plane.Set(RvPoint3D(), RvPoint3D(), RvPoint3D());
     ASSERT_EQ(m_shown.size(), 1u);
     EXPECT_EQ(m_shown[0].text, kNormalizeWarning);
-    ExpectXyz(plane.m_vectorU, 0, 0, 0, 0);
-    ExpectXyz(plane.m_vectorV, 0, 0, 0, 0);
+    ExpectXyzNear(plane.m_vectorU, 0, 0, 0, 0);
+    ExpectXyzNear(plane.m_vectorV, 0, 0, 0, 0);
 }

@@ -25,18 +25,6 @@ using namespace ravelin::testing_support;
 
 namespace {
 
-// Compares all five values exactly; for results whose arithmetic is exact in doubles.
-testing::AssertionResult HasValues(const RvPoint2D& p, double x, double y, double z, double x2D,
-                                   double y2D) {
-    if (p.x == x && p.y == y && p.z == z && p.x2D == x2D && p.y2D == y2D) {
-        return testing::AssertionSuccess();
-    }
-    return testing::AssertionFailure()
-           << "got x=" << p.x << " y=" << p.y << " z=" << p.z << " x2D=" << p.x2D
-           << " y2D=" << p.y2D << ", expected x=" << x << " y=" << y << " z=" << z << " x2D=" << x2D
-           << " y2D=" << y2D;
-}
-
 // A point whose position in space is far from its planar position, so that a test reading the
 // wrong pair would notice.
 RvPoint2D Planar(double x2D, double y2D) {

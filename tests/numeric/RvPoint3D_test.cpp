@@ -35,14 +35,6 @@ testing::AssertionResult PointNear(const RvPoint3D& p, double x, double y, doubl
            << ", " << y << ", " << z << ")";
 }
 
-testing::AssertionResult PointIs(const RvPoint3D& p, double x, double y, double z) {
-    if (p.x == x && p.y == y && p.z == z) {
-        return testing::AssertionSuccess();
-    }
-    return testing::AssertionFailure() << "(" << p.x << ", " << p.y << ", " << p.z << ") is not ("
-                                       << x << ", " << y << ", " << z << ")";
-}
-
 // Every test records the message boxes instead of showing them, with the warning of Normalize
 // armed; both are put back afterwards.
 class RecordedMessageBoxes : public testing::Test {

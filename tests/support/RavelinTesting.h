@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "ravelin/numeric/RvPoint2D.h"
 #include "ravelin/numeric/RvPoint3D.h"
 #include "ravelin/platform/AfxMessageBox.h"
 
@@ -145,5 +146,35 @@ private:
     std::vector<MessageBoxCall> m_calls;
     ScopedMessageBoxHandler m_handler{RecordingHandler(m_calls)};
 };
+
+// --- Points ------------------------------------------------------------------------------
+
+/// `x`, `y`, `z` of `p` exactly; for results whose arithmetic is exact in doubles.
+inline testing::AssertionResult PointIs(const RvPoint3D& p, double x, double y, double z) {
+    if (p.x == x && p.y == y && p.z == z) {
+        return testing::AssertionSuccess();
+    }
+    return testing::AssertionFailure() << "(" << p.x << ", " << p.y << ", " << p.z << ") is not ("
+                                       << x << ", " << y << ", " << z << ")";
+}
+
+/// All five values of `p` exactly; for results whose arithmetic is exact in doubles.
+inline testing::AssertionResult HasValues(const RvPoint2D& p, double x, double y, double z,
+                                          double x2D, double y2D) {
+    if (p.x == x && p.y == y && p.z == z && p.x2D == x2D && p.y2D == y2D) {
+        return testing::AssertionSuccess();
+    }
+    return testing::AssertionFailure()
+           << "got x=" << p.x << " y=" << p.y << " z=" << p.z << " x2D=" << p.x2D
+           << " y2D=" << p.y2D << ", expected x=" << x << " y=" << y << " z=" << z << " x2D=" << x2D
+           << " y2D=" << y2D;
+}
+
+/// `x`, `y`, `z` of `p` each within `tol`.
+inline void ExpectXyzNear(const RvPoint3D& p, double x, double y, double z, double tol) {
+    EXPECT_NEAR(p.x, x, tol);
+    EXPECT_NEAR(p.y, y, tol);
+    EXPECT_NEAR(p.z, z, tol);
+}
 
 }  // namespace ravelin::testing_support
