@@ -73,7 +73,7 @@ public:
     /// magnitude exceeds 0.0001: `o`'s same coordinate divided by it must exceed 0.0001. False if
     /// no coordinate qualifies.
     bool IsEqualOrientation(const RvPoint3D& o) const;
-    /// `a` if `b` is farther by more than the band, else `b`.
+    /// `a` if `b` is farther by the band or more, else `b`: a tie within the band goes to `b`.
     const RvPoint3D& GetNearest(const RvPoint3D& a, const RvPoint3D& b) const;
 
     /// Scales to unit length. A vector shorter than the band stays as it is and, while the

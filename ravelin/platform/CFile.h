@@ -53,6 +53,7 @@ public:
     CMemFile() = default;
     explicit CMemFile(std::vector<std::uint8_t> data);
 
+    /// A file in memory has no name to open: always false, and the contents stay.
     bool Open(const char* fileName, unsigned openFlags) override;
     unsigned Read(void* buffer, unsigned count) override;
     void Write(const void* buffer, unsigned count) override;
