@@ -1,11 +1,15 @@
 #pragma once
 
+#include <vector>
+
 #include "ravelin/RvExport.h"
 #include "ravelin/numeric/Number.h"
 #include "ravelin/numeric/RvPoint3D.h"
 #include "ravelin/platform/CPoint.h"
 
 namespace ravelin {
+
+class RvPolyLine2D;
 
 /// The vertex type: a position in space (`x`, `y`, `z`, inherited) and an independent position
 /// in the drawing plane (`x2D`, `y2D`). Members whose names end in 2D, and the planar orderings
@@ -89,6 +93,19 @@ public:
     /// Hit test of a square cursor of half-width `tol` dragged along `a`-`b`. When the result
     /// is true, `tol` may come back smaller: the distance reached, for comparing candidates.
     bool IsOnSegment2D(const RvPoint2D& a, const RvPoint2D& b, double& tol) const;
+
+    /// Whether the point lies on `line`: it equals an end of some segment (within 0.01), or the
+    /// planar directions from the segment's end to the point and from the point to the
+    /// segment's start agree within the band. False for fewer than two vertices.
+    bool IsOnPolyLine2D(const RvPolyLine2D& line) const;
+    /// GetTangencialPoint: appends the two points where the tangents from this point touch the
+    /// circle round `centre` of radius `r`, on `x`, `y` in the plane `z` = 0. False, with
+    /// nothing appended, for a point inside the circle.
+    bool GetTangencialPoint(RvPoint2D& centre, double r, std::vector<RvPoint2D>& out);
+    /// GetTangencialPoint: the same for the axis-parallel ellipse of semi-axes `a` along `x2D`
+    /// and `b` along `y2D`, on the planar pair. On success `out` is cleared first and gets the
+    /// two points in the plane, with `x`, `y`, `z` zero; on failure it is untouched.
+    bool GetTangencialPoint(RvPoint2D& centre, double a, double b, std::vector<RvPoint2D>& out);
 
     /// The record of RvPoint3D, then `x2D` and `y2D`.
     void Serialize(CArchive& ar) override;

@@ -55,4 +55,19 @@ inline std::int32_t RoundToPixel(double v) {
     return static_cast<std::int32_t>(w);
 }
 
+/// `v` truncated toward zero to a device coordinate. Values beyond the 32-bit range give its
+/// nearest end, and NaN gives 0, instead of an undefined conversion.
+inline std::int32_t TruncateToPixel(double v) {
+    if (std::isnan(v)) {
+        return 0;
+    }
+    if (v >= 2147483647.0) {
+        return std::numeric_limits<std::int32_t>::max();
+    }
+    if (v <= -2147483648.0) {
+        return std::numeric_limits<std::int32_t>::min();
+    }
+    return static_cast<std::int32_t>(v);
+}
+
 }  // namespace ravelin
