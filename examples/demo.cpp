@@ -2,6 +2,8 @@
 #include <cmath>
 #include <cstdio>
 #include <numbers>
+#include <string>
+#include <vector>
 
 #include "ravelin/ravelin.h"
 
@@ -138,6 +140,61 @@ void ShowWarning() {
 
 }  // namespace
 
+// A small drawing: a zigzag path crossed by a straight line.
+RvPolyLine2D Zigzag() {
+    RvPolyLine2D path;
+    path.push_backA(RvPoint2D(0, 0));
+    path.push_backA(RvPoint2D(10, 10));
+    path.push_backA(RvPoint2D(20, 0));
+    path.push_backA(RvPoint2D(30, 10));
+    return path;
+}
+
+void ShowPaths() {
+    Heading("Paths");
+    RvPolyLine2D path = Zigzag();
+    Print("length of the zigzag (0,0)-(10,10)-(20,0)-(30,10):", path.GetLength());
+    std::vector<RvPoint2D> hits;
+    path.IntersectSegment2D(RvPoint2D(-5, 5), RvPoint2D(35, 5), hits);
+    Print("crossings with the line y = 5:", static_cast<double>(hits.size()));
+    for (const RvPoint2D& hit : hits) {
+        Print("  at", hit);
+    }
+    Print("segment nearest to (19, 3) (segment i ends at vertex i):",
+          static_cast<double>(path.GetNearestSegment(RvPoint3D(19, 3, 0), false)));
+    std::vector<RvPoint2D> onCircle;
+    path.IntersectCircle2D(*path.begin(), 5, onCircle, true, false);
+    Print("the circle of radius 5 round the start meets the path at:", onCircle.at(0));
+    RvPolyLine2D cut = Zigzag();
+    cut.CutToSquare(15, false);
+    Print("vertices left after clipping to the square of half-width 15:",
+          static_cast<double>(cut.size()));
+    RvPolyLine2D rounded = Zigzag();
+    rounded.ZaobliVrcholy(1.0);
+    Print("vertices after chamfering the inner corners:", static_cast<double>(rounded.size()));
+}
+
+void ShowDrawing() {
+    Heading("Drawing and hit-testing");
+    RvPolyLine2D path = Zigzag();
+    CRecordingDC dc;
+    path.Draw(&dc);
+    for (const std::string& call : dc.Descriptions()) {
+        Print("  drawn:", call.c_str());
+    }
+    double distance = 2.0;
+    enumSnapType snap = SnapInside;
+    RvPolyLine2D hit;
+    const bool touched = path.IsIncident(RvPoint2D(15, 4), distance, snap, hit);
+    Print("pointer at (15, 4) within 2 touches the path?", touched);
+    Print("  on the segment from", hit.at(0));
+    Print("  to", hit.at(1));
+    Print("  at the distance", distance);
+    Print("rectangle (25, -5)-(40, 20) selects it by touching?",
+          path.InvSelectArea(CRect(25, -5, 40, 20), 2));
+    Print("... and by full inclusion?", path.InvSelectArea(CRect(25, -5, 40, 20), 1));
+}
+
 int main() {
     std::printf("Ravelin: what the library does so far\n");
     ShowTolerances();
@@ -146,5 +203,7 @@ int main() {
     ShowPlane();
     ShowArchive();
     ShowWarning();
+    ShowPaths();
+    ShowDrawing();
     return 0;
 }
