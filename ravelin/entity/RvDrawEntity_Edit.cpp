@@ -201,12 +201,11 @@ void RvDrawEntity::ExtendUpEnd(iterator first, iterator last, double d1, double 
             return;
         }
     }
-    if (out.empty()) {
-        return;
-    }
     for (std::size_t step = 0; it != last && step < rounds; ++step, it = GetNextPoint(it)) {
         const RvPoint3D s = RvPoint3D(*GetNextPoint(it)) - RvPoint3D(*it);
-        const RvPoint3D l = out[out.size() - 1];
+        // With no offset point in `out` there is nothing to rejoin from: the checked access
+        // raises "invalid vector<T> subscript".
+        const RvPoint3D l = CheckedAt(out, static_cast<std::ptrdiff_t>(out.size()) - 1);
         const double den = s * w;
         const double g = l * w - *it * w;
         if (std::fabs(den) > 1e-08) {
