@@ -52,7 +52,9 @@ double RvDrawEntity::GetDistancePointSegment2D(RvPoint2D& p, int& nearest, unsig
 }
 
 double RvDrawEntity::GetDistFromSegment(int i, const RvPoint3D& p) {
-    return p.DistanceFromSegment(CheckedAt(*this, i), *GetPrevPoint(i));
+    // Vertex `i` is read first, so that a bad index raises before its neighbour is looked up.
+    const RvPoint3D& end = CheckedAt(*this, i);
+    return p.DistanceFromSegment(end, *GetPrevPoint(i));
 }
 
 double RvDrawEntity::GetDistFromSegment(int i, const RvPoint3D& p, const RvPoint3D& q) {
@@ -100,7 +102,8 @@ double RvDrawEntity::GetLength(const RvPoint3D& a, const RvPoint3D& b, int step)
     if (i == j) {
         len = a.Distance(b);
         const RvPoint3D ab = b - a;
-        const RvPoint3D sv = CheckedAt(*this, i) - *GetPrevPoint(i);
+        const RvPoint3D& end = CheckedAt(*this, i);
+        const RvPoint3D sv = end - *GetPrevPoint(i);
         if (static_cast<double>(sv * ab) < -1e-08) {
             // `b` lies behind `a`: the way leads round the path from the next segment.
             len = sv.GetSize() - len;
@@ -149,7 +152,8 @@ bool RvDrawEntity::NanesDlzkuOdSpecial(RvPoint3D& p, int& i, double d) {
     if (count == n) {
         return false;
     }
-    RvPoint3D v = CheckedAt(*this, i) - *GetPrevPoint(i);
+    const RvPoint3D& end = CheckedAt(*this, i);
+    RvPoint3D v = end - *GetPrevPoint(i);
     v.Normalize();
     p = p - v * d;
     return true;
@@ -174,7 +178,8 @@ bool RvDrawEntity::NanesDlzkuOdSpecialOpacne(RvPoint3D& p, int& i, double d) {
     if (count == n) {
         return false;
     }
-    RvPoint3D v = CheckedAt(*this, i) - *GetPrevPoint(i);
+    const RvPoint3D& end = CheckedAt(*this, i);
+    RvPoint3D v = end - *GetPrevPoint(i);
     v.Normalize();
     p = p + v * d;
     return true;
