@@ -19,21 +19,6 @@ namespace {
 constexpr double kPi = 3.141592653589793;
 constexpr double kTwoPi = 6.283185307179586;
 
-// A path of the given vertices, built by push_back.
-RvPolyLine2D Path(std::initializer_list<RvPoint2D> points) {
-    RvPolyLine2D path;
-    for (const RvPoint2D& p : points) {
-        path.push_back(p);
-    }
-    return path;
-}
-
-// The planar pair of `p` within `tol`.
-void ExpectPlanarNear(const RvPoint2D& p, double x2D, double y2D, double tol) {
-    EXPECT_NEAR(p.x2D, x2D, tol);
-    EXPECT_NEAR(p.y2D, y2D, tol);
-}
-
 bool AllFinite(const std::vector<RvPoint2D>& points) {
     for (const RvPoint2D& p : points) {
         if (!std::isfinite(p.x) || !std::isfinite(p.y) || !std::isfinite(p.z) ||

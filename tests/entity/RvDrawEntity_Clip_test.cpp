@@ -21,30 +21,6 @@ RvPoint2D P(double x2D, double y2D) {
     return RvPoint2D(x2D, y2D, -7, 8, 9);
 }
 
-// The planar pair of `p` exactly.
-testing::AssertionResult PlanarIs(const RvPoint2D& p, double x2D, double y2D) {
-    if (p.x2D == x2D && p.y2D == y2D) {
-        return testing::AssertionSuccess();
-    }
-    return testing::AssertionFailure()
-           << "(" << p.x2D << ", " << p.y2D << ") is not (" << x2D << ", " << y2D << ")";
-}
-
-// The planar pair of `p` within `tol`.
-void ExpectPlanarNear(const RvPoint2D& p, double x2D, double y2D, double tol) {
-    EXPECT_NEAR(p.x2D, x2D, tol);
-    EXPECT_NEAR(p.y2D, y2D, tol);
-}
-
-// A path of the given vertices, appended one by one.
-RvPolyLine2D Path(std::initializer_list<RvPoint2D> points) {
-    RvPolyLine2D e;
-    for (const RvPoint2D& p : points) {
-        e.push_backA(p);
-    }
-    return e;
-}
-
 // The planar pairs of the vertices of `e`, compared exactly with `expected`.
 void ExpectPlanarPath(const RvDrawEntity& e, std::initializer_list<RvPoint2D> expected) {
     ASSERT_EQ(e.size(), expected.size());

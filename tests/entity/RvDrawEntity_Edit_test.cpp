@@ -20,15 +20,6 @@ namespace {
 constexpr double kTol = 1e-9;
 constexpr double kPi = std::numbers::pi;
 
-// A path of the given vertices, built by push_back.
-RvPolyLine2D Path(std::initializer_list<RvPoint2D> points) {
-    RvPolyLine2D path;
-    for (const RvPoint2D& p : points) {
-        path.push_back(p);
-    }
-    return path;
-}
-
 // All five values of `p` within `tol`.
 testing::AssertionResult ValuesNear(const RvPoint2D& p, double x, double y, double z, double x2D,
                                     double y2D, double tol = kTol) {

@@ -19,14 +19,6 @@ using namespace ravelin::testing_support;
 
 namespace {
 
-// A path of the given vertices, pushed one by one.
-template <class... Points>
-RvPolyLine2D Path(const Points&... points) {
-    RvPolyLine2D e;
-    (e.push_back(RvPoint2D(points)), ...);
-    return e;
-}
-
 RvPoint2D V(double x, double y, double z) {
     return RvPoint2D(x, y, z);
 }

@@ -19,14 +19,6 @@ using namespace ravelin::testing_support;
 
 namespace {
 
-// A path of the given vertices, pushed one by one.
-template <class... Points>
-RvPolyLine2D Path(const Points&... points) {
-    RvPolyLine2D e;
-    (e.push_back(RvPoint2D(points)), ...);
-    return e;
-}
-
 // A point whose space and planar positions agree: (x, y, 0) and (x, y).
 RvPoint2D P(double x, double y) {
     return RvPoint2D(x, y);

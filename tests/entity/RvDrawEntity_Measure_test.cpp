@@ -19,15 +19,6 @@ namespace {
 
 const char* const kBadSubscript = "invalid vector<T> subscript";
 
-// A path of the given vertices, built by push_back.
-RvPolyLine2D Path(std::initializer_list<RvPoint2D> points) {
-    RvPolyLine2D path;
-    for (const RvPoint2D& p : points) {
-        path.push_back(p);
-    }
-    return path;
-}
-
 // The square (0,0), (4,0), (4,4), (0,4). Segment 0 is its left side (from (0,4) down to
 // (0,0)), segment 1 the bottom, 2 the right side, 3 the top.
 RvPolyLine2D Square() {

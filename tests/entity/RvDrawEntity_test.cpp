@@ -56,15 +56,6 @@ RvPoint2D V(double x2D, double y2D, double x, double y, double z) {
     return RvPoint2D(x2D, y2D, x, y, z);
 }
 
-// A path of the given vertices, appended one by one.
-RvPolyLine2D Path(std::initializer_list<RvPoint2D> points) {
-    RvPolyLine2D e;
-    for (const RvPoint2D& p : points) {
-        e.push_backA(p);
-    }
-    return e;
-}
-
 // The path A, B, C used by the index tests; each vertex has its own planar pair and position.
 RvPolyLine2D Abc() {
     return Path({V(1, 2, 10, 20, 30), V(3, 4, 40, 50, 60), V(5, 6, 70, 80, 90)});

@@ -16,17 +16,9 @@
 
 using namespace ravelin;
 using ravelin::testing_support::HasValues;
+using ravelin::testing_support::Path;
 
 namespace {
-
-// A path through the planar points `pts`; space equals the plane.
-RvPolyLine2D Path(std::initializer_list<std::array<double, 2>> pts) {
-    RvPolyLine2D line;
-    for (const auto& p : pts) {
-        line.push_back(RvPoint2D(p[0], p[1]));
-    }
-    return line;
-}
 
 // Exposes the raster operation of filled shapes, which has no getter.
 class RopProbe : public RvPolyLine2D {
@@ -289,7 +281,7 @@ TEST(RvPolyLine2DIsIncident, BoxBesideTheSegmentRejectsWhatTheSegmentTestWouldAc
         double probe = 1.0;
         ASSERT_TRUE(p.IsOnSegment2D(pa, pb, probe)) << quarters;
 
-        const RvPolyLine2D line = Path({a, b});
+        const RvPolyLine2D line = Path({pa, pb});
         RvPolyLine2D hit;
         const Incidence r = Touch(line, p, 1.0, hit);
         EXPECT_FALSE(r.result) << quarters;

@@ -14,16 +14,6 @@ using namespace ravelin::testing_support;
 
 namespace {
 
-// A path through the planar points given, each with its position in space equal to the planar
-// one (z 0). Built by appending, one vertex at a time.
-RvPolyLine2D Path(std::initializer_list<std::pair<double, double>> points) {
-    RvPolyLine2D line;
-    for (const auto& [x, y] : points) {
-        line.push_backA(RvPoint2D(x, y));
-    }
-    return line;
-}
-
 // A point whose position in space is far from its planar position, so that a computation that
 // read the wrong pair would notice.
 RvPoint2D Planar(double x2D, double y2D) {

@@ -19,16 +19,6 @@ namespace {
 const double kSqrt3 = std::sqrt(3.0);
 const double kSqrt7 = std::sqrt(7.0);
 
-// A path through the planar points given, each with its position in space equal to the planar
-// one (z 0). Built by appending, one vertex at a time.
-RvPolyLine2D Path(std::initializer_list<std::pair<double, double>> points) {
-    RvPolyLine2D line;
-    for (const auto& [x, y] : points) {
-        line.push_backA(RvPoint2D(x, y));
-    }
-    return line;
-}
-
 // A sentinel that no computed point of these tests equals.
 RvPoint2D Sentinel() {
     return RvPoint2D(1, 2, 3, 4, 5);

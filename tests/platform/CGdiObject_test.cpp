@@ -5,17 +5,13 @@
 #include <cstring>
 
 #include "ravelin/platform/CGdiObject.h"
+#include "support/RavelinTesting.h"
 
 using namespace ravelin;
 
 namespace {
 
-tagLOGFONTA FontOf(std::int32_t height, const char* face) {
-    tagLOGFONTA f{};
-    f.lfHeight = height;
-    std::strncpy(f.lfFaceName, face, sizeof(f.lfFaceName) - 1);
-    return f;
-}
+using ravelin::testing_support::FontOf;
 
 }  // namespace
 

@@ -10,18 +10,13 @@
 #include "ravelin/platform/CDC.h"
 #include "ravelin/platform/CGdiObject.h"
 #include "ravelin/platform/CRecordingDC.h"
+#include "support/RavelinTesting.h"
 
 using namespace ravelin;
 
 namespace {
 
-// A font description of the given height and face.
-tagLOGFONTA FontOf(std::int32_t height, const char* face) {
-    tagLOGFONTA f{};
-    f.lfHeight = height;
-    std::strncpy(f.lfFaceName, face, sizeof(f.lfFaceName) - 1);
-    return f;
-}
+using ravelin::testing_support::FontOf;
 
 // Whether `text` contains `part`.
 bool Contains(const std::string& text, const std::string& part) {

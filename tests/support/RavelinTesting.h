@@ -8,14 +8,18 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "ravelin/entity/RvPolyLine2D.h"
 #include "ravelin/numeric/RvPoint2D.h"
 #include "ravelin/numeric/RvPoint3D.h"
 #include "ravelin/platform/AfxMessageBox.h"
+#include "ravelin/platform/CGdiObject.h"
 
 namespace ravelin::testing_support {
 
@@ -175,6 +179,52 @@ inline void ExpectXyzNear(const RvPoint3D& p, double x, double y, double z, doub
     EXPECT_NEAR(p.x, x, tol);
     EXPECT_NEAR(p.y, y, tol);
     EXPECT_NEAR(p.z, z, tol);
+}
+
+/// The planar pair of `p` exactly.
+inline testing::AssertionResult PlanarIs(const RvPoint2D& p, double x2D, double y2D) {
+    if (p.x2D == x2D && p.y2D == y2D) {
+        return testing::AssertionSuccess();
+    }
+    return testing::AssertionFailure()
+           << "(" << p.x2D << ", " << p.y2D << ") is not (" << x2D << ", " << y2D << ")";
+}
+
+/// The planar pair of `p` each within `tol`.
+inline void ExpectPlanarNear(const RvPoint2D& p, double x2D, double y2D, double tol) {
+    EXPECT_NEAR(p.x2D, x2D, tol);
+    EXPECT_NEAR(p.y2D, y2D, tol);
+}
+
+// --- Entities ----------------------------------------------------------------------------
+
+/// A path of the given vertices, appended one at a time: Path({{0, 0}, {10, 0}}) or
+/// Path({a, b}). (A vector initialised from a brace list, read through the checked subscript,
+/// draws a false -Warray-bounds from GCC 12 at -O3.)
+inline RvPolyLine2D Path(std::initializer_list<RvPoint2D> points) {
+    RvPolyLine2D path;
+    for (const RvPoint2D& p : points) {
+        path.push_backA(p);
+    }
+    return path;
+}
+
+/// The same, with the vertices as arguments: Path(a, b, c).
+template <class... Points>
+RvPolyLine2D Path(const Points&... points) {
+    RvPolyLine2D path;
+    (path.push_backA(RvPoint2D(points)), ...);
+    return path;
+}
+
+// --- Drawing -----------------------------------------------------------------------------
+
+/// A font description of height `height` and face `face`, the rest zero.
+inline tagLOGFONTA FontOf(std::int32_t height, const char* face) {
+    tagLOGFONTA f{};
+    f.lfHeight = height;
+    std::strncpy(f.lfFaceName, face, sizeof(f.lfFaceName) - 1);
+    return f;
 }
 
 }  // namespace ravelin::testing_support
