@@ -40,33 +40,56 @@ bool Distinct(double u1, double u2) {
     return std::fabs(u2 - u1) > 1e-06;
 }
 
-}  // namespace
-
-bool RvDrawEntity::IntersectCircle2D(RvPoint2D& c, double r, std::vector<RvPoint2D>& out,
-                                     bool bounded, bool testOnly) {
-    bool found = false;
-    for (std::size_t k = 0; k + 1 < size(); ++k) {
-        const RvPoint2D& p = (*this)[k];
-        const RvPoint2D s = (*this)[k + 1] - p;
+// Calls `onPoint(f)` for each crossing `f` of the open chain of `e` with the circle round `c`
+// of radius `r`: of each segment, or of its line unless `bounded`, the two roots in order and
+// the second only when distinct. The walk stops when `onPoint` returns false.
+template <class OnPoint>
+void ForEachCircleCrossing(const RvDrawEntity& e, const RvPoint2D& c, double r, bool bounded,
+                           OnPoint onPoint) {
+    for (std::size_t k = 0; k + 1 < e.size(); ++k) {
+        const RvPoint2D& p = e[k];
+        const RvPoint2D s = e[k + 1] - p;
         double u1 = 0;
         double u2 = 0;
         if (!CircleRoots2D(p, s, c, r, u1, u2)) {
             continue;
         }
         const bool take1 = !bounded || WithinSegment(u1);
-        const bool take2 = (!bounded || WithinSegment(u2)) && Distinct(u1, u2);
+        const bool take2 = Distinct(u1, u2) && (!bounded || WithinSegment(u2));
         for (const auto& [take, u] : {std::pair{take1, u1}, std::pair{take2, u2}}) {
-            if (!take) {
-                continue;
+            if (take && !onPoint(p + s * u)) {
+                return;
             }
-            if (testOnly) {
-                return true;
-            }
-            out.push_back(p + s * u);
-            found = true;
         }
     }
+}
+
+// Appends each crossing that `keep` keeps to `out`, or with `testOnly` stops at the first one
+// and appends nothing. True if any was kept.
+template <class Keep>
+bool CollectCircleCrossings(const RvDrawEntity& e, const RvPoint2D& c, double r, bool bounded,
+                            bool testOnly, std::vector<RvPoint2D>& out, Keep keep) {
+    bool found = false;
+    ForEachCircleCrossing(e, c, r, bounded, [&](const RvPoint2D& f) {
+        if (!keep(f)) {
+            return true;
+        }
+        found = true;
+        if (testOnly) {
+            return false;
+        }
+        out.push_back(f);
+        return true;
+    });
     return found;
+}
+
+}  // namespace
+
+bool RvDrawEntity::IntersectCircle2D(RvPoint2D& c, double r, std::vector<RvPoint2D>& out,
+                                     bool bounded, bool testOnly) {
+    return CollectCircleCrossings(*this, c, r, bounded, testOnly, out,
+                                  [](const RvPoint2D&) { return true; });
 }
 
 bool RvDrawEntity::IntersectArc2D(RvPoint2D& c, double r, double a0, double a1,
@@ -86,33 +109,7 @@ bool RvDrawEntity::IntersectArc2D(RvPoint2D& c, double r, double a0, double a1,
         }
         return a0 - 1e-06 < g && g < a1 + 1e-06;
     };
-    bool found = false;
-    for (std::size_t k = 0; k + 1 < size(); ++k) {
-        const RvPoint2D& p = (*this)[k];
-        const RvPoint2D s = (*this)[k + 1] - p;
-        double u1 = 0;
-        double u2 = 0;
-        if (!CircleRoots2D(p, s, c, r, u1, u2)) {
-            continue;
-        }
-        const bool take1 = WithinSegment(u1);
-        const bool take2 = Distinct(u1, u2) && WithinSegment(u2);
-        for (const auto& [take, u] : {std::pair{take1, u1}, std::pair{take2, u2}}) {
-            if (!take) {
-                continue;
-            }
-            const RvPoint2D f = p + s * u;
-            if (!onArc(f)) {
-                continue;
-            }
-            if (testOnly) {
-                return true;
-            }
-            out.push_back(f);
-            found = true;
-        }
-    }
-    return found;
+    return CollectCircleCrossings(*this, c, r, true, testOnly, out, onArc);
 }
 
 bool RvDrawEntity::IntersectArc(std::vector<RvPoint2D>& out, RvPoint2D c, double r, RvPoint2D n,

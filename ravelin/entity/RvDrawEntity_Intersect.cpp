@@ -27,41 +27,66 @@ bool WithinSegment(double v) {
     return -1e-06 < v && v < 1.000001;
 }
 
-}  // namespace
+bool AnyT(double) {
+    return true;
+}
 
-bool RvDrawEntity::TestIntersectLine2D(RvPoint2D& a, RvPoint2D& d, bool skipEnds) const {
-    for (std::size_t k = 0; k + 1 < size(); ++k) {
-        const RvPoint2D& p = (*this)[k];
-        const RvPoint2D& q = (*this)[k + 1];
+// Walks the open chain of `e` against the line from `a` with vector `d`. For each segment
+// crossed within its ends, with `t` accepted by `acceptT`, calls `onHit(p, q, s, u)` with the
+// segment's start `p`, end `q` and vector `s`; the walk stops when `onHit` returns false.
+template <class AcceptT, class OnHit>
+void WalkOpenChain(const RvDrawEntity& e, const RvPoint2D& a, const RvPoint2D& d, AcceptT acceptT,
+                   OnHit onHit) {
+    for (std::size_t k = 0; k + 1 < e.size(); ++k) {
+        const RvPoint2D& p = e[k];
+        const RvPoint2D& q = e[k + 1];
         const RvPoint2D s = q - p;
         double t = 0;
         double u = 0;
-        if (!CrossingParameters(p, s, a, d, t, u) || !WithinSegment(u)) {
-            continue;
-        }
-        if (!skipEnds) {
-            return true;
-        }
-        const RvPoint2D f = p + s * u;
-        if (!(f == p) && !(f == q)) {
-            return true;
+        if (CrossingParameters(p, s, a, d, t, u) && WithinSegment(u) && acceptT(t) &&
+            !onHit(p, q, s, u)) {
+            return;
         }
     }
-    return false;
+}
+
+// Appends every crossing of the open chain of `e` with the line from `a` with vector `d` whose
+// `t` `acceptT` accepts, as the point of the chain's segment.
+template <class AcceptT>
+bool CollectCrossings(const RvDrawEntity& e, const RvPoint2D& a, const RvPoint2D& d,
+                      AcceptT acceptT, std::vector<RvPoint2D>& out) {
+    bool found = false;
+    WalkOpenChain(e, a, d, acceptT,
+                  [&](const RvPoint2D& p, const RvPoint2D&, const RvPoint2D& s, double u) {
+                      out.push_back(p + s * u);
+                      found = true;
+                      return true;
+                  });
+    return found;
+}
+
+}  // namespace
+
+bool RvDrawEntity::TestIntersectLine2D(RvPoint2D& a, RvPoint2D& d, bool skipEnds) const {
+    bool found = false;
+    WalkOpenChain(*this, a, d, AnyT,
+                  [&](const RvPoint2D& p, const RvPoint2D& q, const RvPoint2D& s, double u) {
+                      // With `skipEnds`, a hit on either end vertex of the segment does not count.
+                      const RvPoint2D f = p + s * u;
+                      found = !skipEnds || (!(f == p) && !(f == q));
+                      return !found;
+                  });
+    return found;
 }
 
 bool RvDrawEntity::TestIntersectSegment2D(const RvPoint2D& a, const RvPoint2D& b) const {
-    const RvPoint2D d = b - a;
-    for (std::size_t k = 0; k + 1 < size(); ++k) {
-        const RvPoint2D& p = (*this)[k];
-        const RvPoint2D s = (*this)[k + 1] - p;
-        double t = 0;
-        double u = 0;
-        if (CrossingParameters(p, s, a, d, t, u) && WithinSegment(u) && WithinSegment(t)) {
-            return true;
-        }
-    }
-    return false;
+    bool found = false;
+    WalkOpenChain(*this, a, b - a, WithinSegment,
+                  [&found](const RvPoint2D&, const RvPoint2D&, const RvPoint2D&, double) {
+                      found = true;
+                      return false;
+                  });
+    return found;
 }
 
 bool RvDrawEntity::IntersectSegment2D(const RvPoint2D& a, const RvPoint2D& b, RvPoint2D& out,
@@ -98,35 +123,12 @@ bool RvDrawEntity::IntersectSegment2D(const RvPoint2D& a, const RvPoint2D& b, Rv
 
 bool RvDrawEntity::IntersectSegment2D(const RvPoint2D& a, const RvPoint2D& b,
                                       std::vector<RvPoint2D>& out) const {
-    const RvPoint2D d = b - a;
-    bool found = false;
-    for (std::size_t k = 0; k + 1 < size(); ++k) {
-        const RvPoint2D& p = (*this)[k];
-        const RvPoint2D s = (*this)[k + 1] - p;
-        double t = 0;
-        double u = 0;
-        if (CrossingParameters(p, s, a, d, t, u) && WithinSegment(u) && WithinSegment(t)) {
-            out.push_back(p + s * u);
-            found = true;
-        }
-    }
-    return found;
+    return CollectCrossings(*this, a, b - a, WithinSegment, out);
 }
 
 bool RvDrawEntity::IntersectLine2D(const RvPoint2D& a, const RvPoint2D& d,
                                    std::vector<RvPoint2D>& out) {
-    bool found = false;
-    for (std::size_t k = 0; k + 1 < size(); ++k) {
-        const RvPoint2D& p = (*this)[k];
-        const RvPoint2D s = (*this)[k + 1] - p;
-        double t = 0;
-        double u = 0;
-        if (CrossingParameters(p, s, a, d, t, u) && WithinSegment(u)) {
-            out.push_back(p + s * u);
-            found = true;
-        }
-    }
-    return found;
+    return CollectCrossings(*this, a, d, AnyT, out);
 }
 
 bool RvDrawEntity::IntersectLine2D(RvDrawEntity& e, RvPoint2D& out, int i, int j) {
@@ -152,18 +154,8 @@ bool RvDrawEntity::IntersectLine2D(RvDrawEntity& e, RvPoint2D& out, int i, int j
 
 bool RvDrawEntity::Intersection2D_HalfLine(const RvPoint2D& o, RvPoint2D d,
                                            std::vector<RvPoint2D>& out) {
-    bool found = false;
-    for (std::size_t k = 0; k + 1 < size(); ++k) {
-        const RvPoint2D& p = (*this)[k];
-        const RvPoint2D s = (*this)[k + 1] - p;
-        double t = 0;
-        double u = 0;
-        if (CrossingParameters(p, s, o, d, t, u) && WithinSegment(u) && -1e-06 < t) {
-            out.push_back(p + s * u);
-            found = true;
-        }
-    }
-    return found;
+    return CollectCrossings(
+        *this, o, d, [](double t) { return -1e-06 < t; }, out);
 }
 
 bool RvDrawEntity::Intersect(RvDrawEntity& e, std::vector<RvPoint2D>& out, bool inner) {

@@ -40,21 +40,39 @@ double MeetingParameter(const RvPoint3D& a, const RvPoint3D& d, const RvPoint3D&
     return (a * m - v * m) / (s * m);
 }
 
+// Segment `i` of an entity, from vertex `i` to the next one (the last wrapping to vertex 0),
+// against the line from `a` to `b`.
+struct SegmentOperands {
+    RvPoint3D v;   // vertex `i`
+    RvPoint3D vj;  // the vertex after it
+    RvPoint3D d;   // b - a
+    RvPoint3D s;   // vj - v
+};
+
+// False for an index with no segment, and for a segment or an `a`-`b` shorter than 0.0001,
+// which have no direction to speak of.
+bool GetOperands(const RvDrawEntity& e, std::size_t i, const RvPoint3D& a, const RvPoint3D& b,
+                 SegmentOperands& o) {
+    const std::size_t n = e.size();
+    if (i + 1 > n) {
+        return false;
+    }
+    o.v = e[i];
+    o.vj = e[i + 1 == n ? 0 : i + 1];
+    o.d = b - a;
+    o.s = o.vj - o.v;
+    return !(o.d.GetSize() < 0.0001 || o.s.GetSize() < 0.0001);
+}
+
 }  // namespace
 
 bool RvDrawEntity::IntersectSegment3D(RvPoint3D& a, RvPoint3D& b, RvPoint3D& out, unsigned int i) {
-    const std::size_t n = size();
-    if (static_cast<std::size_t>(i) + 1 > n) {
+    SegmentOperands o;
+    if (!GetOperands(*this, i, a, b, o)) {
         return false;
     }
-    const RvPoint3D& v = (*this)[i];
-    const RvPoint3D& vj = (*this)[i + 1 == n ? 0 : i + 1];
-    const RvPoint3D d = b - a;
-    const RvPoint3D s = vj - v;
+    const auto& [v, vj, d, s] = o;
     const RvPoint3D e = v - b;
-    if (d.GetSize() < 0.0001 || s.GetSize() < 0.0001) {
-        return false;
-    }
     if (!IsCoplanar(TripleProduct(d, s, e), 1e-06)) {
         return false;
     }
@@ -85,19 +103,13 @@ bool RvDrawEntity::IntersectSegment3D(RvPoint3D& a, RvPoint3D& b) {
 bool RvDrawEntity::IntersectSegmentAndLine3D(RvPoint3D& a, RvPoint3D& b, RvPoint3D& out,
                                              unsigned int i) {
     intersectStatus = kStatusNone;
-    const std::size_t n = size();
-    if (static_cast<std::size_t>(i) + 1 > n) {
+    SegmentOperands o;
+    if (!GetOperands(*this, i, a, b, o)) {
         return false;
     }
-    const RvPoint3D& v = (*this)[i];
-    const RvPoint3D& vj = (*this)[i + 1 == n ? 0 : i + 1];
-    const RvPoint3D d = b - a;
-    const RvPoint3D s = vj - v;
+    const auto& [v, vj, d, s] = o;
     RvPoint3D e = v - b;
     ZeroNoise(e);
-    if (d.GetSize() < 0.0001 || s.GetSize() < 0.0001) {
-        return false;
-    }
     if (!IsCoplanar(TripleProduct(d, s, e), 1e-06)) {
         intersectStatus = kStatusSkew;
         return false;
@@ -119,18 +131,12 @@ bool RvDrawEntity::IntersectSegmentAndLine3D(RvPoint3D& a, RvPoint3D& b, RvPoint
 
 bool RvDrawEntity::IntersectLine3D(RvPoint3D& a, RvPoint3D& b, RvPoint3D& out, unsigned int i) {
     intersectStatus = kStatusNone;
-    const std::size_t n = size();
-    if (static_cast<std::size_t>(i) + 1 > n) {
+    SegmentOperands o;
+    if (!GetOperands(*this, i, a, b, o)) {
         return false;
     }
-    const RvPoint3D& v = (*this)[i];
-    const RvPoint3D& vj = (*this)[i + 1 == n ? 0 : i + 1];
-    const RvPoint3D d = b - a;
-    const RvPoint3D s = vj - v;
+    const auto& [v, vj, d, s] = o;
     const RvPoint3D e = v - b;
-    if (d.GetSize() < 0.0001 || s.GetSize() < 0.0001) {
-        return false;
-    }
     // An end of one line on an end of the other makes the pair coplanar whatever the product.
     const bool touching = v.Distance(a) < 0.0001 || vj.Distance(a) < 0.0001 ||
                           v.Distance(b) < 0.0001 || vj.Distance(b) < 0.0001;
@@ -168,14 +174,12 @@ bool RvDrawEntity::Intersect3D(RvDrawEntity& e, std::vector<RvPoint2D>& out) {
         const RvPoint3D& a = e[k];
         const RvPoint3D& b = e[k + 1];
         for (std::size_t i = 0; n >= 2 && i < n; ++i) {
-            const RvPoint3D& v = (*this)[i];
-            const RvPoint3D& vj = (*this)[i + 1 == n ? 0 : i + 1];
-            const RvPoint3D d = b - a;
-            const RvPoint3D s = vj - v;
-            const RvPoint3D g = v - b;
-            if (d.GetSize() < 0.0001 || s.GetSize() < 0.0001) {
+            SegmentOperands o;
+            if (!GetOperands(*this, i, a, b, o)) {
                 continue;
             }
+            const auto& [v, vj, d, s] = o;
+            const RvPoint3D g = v - b;
             // A skew pair ends the whole operation, whatever has been appended.
             if (!IsCoplanar(TripleProduct(d, s, g), 1e-05)) {
                 intersectStatus = kStatusSkew;

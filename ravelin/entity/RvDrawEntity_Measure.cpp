@@ -8,6 +8,20 @@
 
 namespace ravelin {
 
+namespace {
+
+// Moves `p` by `d` along the direction of segment `i` of `e` (from the vertex before `i` to
+// vertex `i`), backward for a negative `d`. Vertex `i` is read first, so that a bad index raises
+// before its neighbour is looked up.
+void LayOffOnSegment(RvDrawEntity& e, int i, RvPoint3D& p, double d) {
+    const RvPoint3D& end = CheckedAt(e, i);
+    RvPoint3D v = end - *e.GetPrevPoint(i);
+    v.Normalize();
+    p = p + v * d;
+}
+
+}  // namespace
+
 double RvDrawEntity::GetDistancePoint2D(const RvPoint2D& p, unsigned int i) {
     const std::size_t n = size();
     if (i >= n) {
@@ -150,12 +164,9 @@ bool RvDrawEntity::NanesDlzkuOdSpecial(RvPoint3D& p, int& i, double d) {
         ++count;
     }
     if (count == n) {
-        return false;
+        return false;  // walked round the whole path
     }
-    const RvPoint3D& end = CheckedAt(*this, i);
-    RvPoint3D v = end - *GetPrevPoint(i);
-    v.Normalize();
-    p = p - v * d;
+    LayOffOnSegment(*this, i, p, -d);
     return true;
 }
 
@@ -176,12 +187,9 @@ bool RvDrawEntity::NanesDlzkuOdSpecialOpacne(RvPoint3D& p, int& i, double d) {
         ++count;
     }
     if (count == n) {
-        return false;
+        return false;  // walked round the whole path
     }
-    const RvPoint3D& end = CheckedAt(*this, i);
-    RvPoint3D v = end - *GetPrevPoint(i);
-    v.Normalize();
-    p = p + v * d;
+    LayOffOnSegment(*this, i, p, d);
     return true;
 }
 
