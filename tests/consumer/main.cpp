@@ -2,6 +2,21 @@
 #include <ravelin/ravelin.h>
 
 #include <cstdio>
+#include <vector>
+
+namespace {
+
+// A device of the client's own: it counts the lines it is asked to draw.
+class CountingDC : public ravelin::CRecordingDC {
+public:
+    bool LineTo(int x, int y) override {
+        ++lines;
+        return CRecordingDC::LineTo(x, y);
+    }
+    int lines = 0;
+};
+
+}  // namespace
 
 int main() {
     using namespace ravelin;
@@ -34,5 +49,26 @@ int main() {
         check(false, "DajPriesecnik throws for a parallel line");
     } catch (double) {
     }
+
+    // Entities cross the library's boundary as polymorphic objects: a client's device, a
+    // virtual hit test through a base pointer, and a list torn down by the library.
+    auto* path = new RvPolyLine2D(RvPoint2D(0, 0), RvPoint2D(10, 0));
+    path->push_backA(RvPoint2D(10, 10));
+    CountingDC dc;
+    path->Draw(&dc);
+    check(dc.lines == 2 && dc.Calls().size() == 3, "RvPolyLine2D::Draw on a client's device");
+    const RvDrawEntity* entity = path;
+    double distance = 1.0;
+    enumSnapType snap = SnapInside;
+    RvPolyLine2D hit;
+    check(entity->IsIncident(RvPoint2D(5, 0.5), distance, snap, hit) && snap == SnapEdge,
+          "IsIncident through the base class");
+    std::vector<RvPoint2D> crossings;
+    check(path->IntersectSegment2D(RvPoint2D(5, -5), RvPoint2D(5, 5), crossings) &&
+              crossings.size() == 1,
+          "IntersectSegment2D");
+    RvDrawEntity* head = path;
+    RvDrawEntity::DeleteWholeList(&head);
+    check(head == nullptr, "DeleteWholeList");
     return failures == 0 ? 0 : 1;
 }
