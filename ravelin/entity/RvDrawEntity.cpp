@@ -168,17 +168,11 @@ RvDrawEntity::const_iterator RvDrawEntity::GetNextPoint(int i) const {
 }
 
 RvDrawEntity::iterator RvDrawEntity::GetNextPoint(iterator it) {
-    if (empty() || it + 1 >= end()) {
-        return begin();
-    }
-    return it + 1;
+    return GetNextPoint(static_cast<int>(it - begin()));
 }
 
 RvDrawEntity::const_iterator RvDrawEntity::GetNextPoint(const_iterator it) const {
-    if (empty() || it + 1 >= end()) {
-        return begin();
-    }
-    return it + 1;
+    return GetNextPoint(static_cast<int>(it - cbegin()));
 }
 
 RvDrawEntity::iterator RvDrawEntity::GetPrevPoint(int i) {
@@ -199,23 +193,11 @@ RvDrawEntity::const_iterator RvDrawEntity::GetPrevPoint(int i) const {
 }
 
 RvDrawEntity::iterator RvDrawEntity::GetPrevPoint(iterator it) {
-    if (empty()) {
-        return end();
-    }
-    if (it == begin()) {
-        return end() - 1;
-    }
-    return it - 1;
+    return GetPrevPoint(static_cast<int>(it - begin()));
 }
 
 RvDrawEntity::const_iterator RvDrawEntity::GetPrevPoint(const_iterator it) const {
-    if (empty()) {
-        return end();
-    }
-    if (it == begin()) {
-        return end() - 1;
-    }
-    return it - 1;
+    return GetPrevPoint(static_cast<int>(it - cbegin()));
 }
 
 // ---- Transformations ---------------------------------------------------------------------------
