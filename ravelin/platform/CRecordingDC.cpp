@@ -285,6 +285,7 @@ const int* CountsOrNull(const DCCall& call) {
     return call.counts.empty() ? nullptr : call.counts.data();
 }
 
+// Argument `i` of a recorded call, or 0 when the call recorded fewer.
 int ArgAt(const DCCall& call, std::size_t i) {
     return i < call.args.size() ? static_cast<int>(call.args[i]) : 0;
 }
@@ -328,8 +329,7 @@ void CRecordingDC::Replay(CDC& target) const {
                 break;
             case DCOp::FillSolidRect: {
                 const RECT r{ArgAt(call, 0), ArgAt(call, 1), ArgAt(call, 2), ArgAt(call, 3)};
-                target.FillSolidRect(
-                    &r, static_cast<COLORREF>(call.args.size() > 4 ? call.args[4] : 0));
+                target.FillSolidRect(&r, static_cast<COLORREF>(ArgAt(call, 4)));
                 break;
             }
             case DCOp::TextOut:
@@ -369,11 +369,10 @@ void CRecordingDC::Replay(CDC& target) const {
                 if (hasClip) {
                     clip = RECT{ArgAt(call, 3), ArgAt(call, 4), ArgAt(call, 5), ArgAt(call, 6)};
                 }
-                target.ExtTextOut(
-                    ArgAt(call, 0), ArgAt(call, 1),
-                    static_cast<unsigned int>(call.args.size() > 2 ? call.args[2] : 0),
-                    hasClip ? &clip : nullptr, call.text.c_str(),
-                    static_cast<unsigned int>(call.text.size()), CountsOrNull(call));
+                target.ExtTextOut(ArgAt(call, 0), ArgAt(call, 1),
+                                  static_cast<unsigned int>(ArgAt(call, 2)),
+                                  hasClip ? &clip : nullptr, call.text.c_str(),
+                                  static_cast<unsigned int>(call.text.size()), CountsOrNull(call));
                 break;
             }
             case DCOp::SetTextAlign:
