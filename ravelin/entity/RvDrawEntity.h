@@ -13,6 +13,8 @@
 
 namespace ravelin {
 
+struct _RvInterPoint;
+
 /// A rectangle in drawing units: four doubles. GetExtens2D fills `top` with the least and
 /// `bottom` with the greatest ordinate; IsInClientArea reads `top` as the greater one.
 struct CTtagRECT {
@@ -287,6 +289,22 @@ public:
     /// `n`, entering with direction `v`, and its return to the path at `d2`.
     void ExtendUpEnd(iterator first, iterator last, double d1, double d2, RvPoint3D v,
                      const RvPoint3D& n, RvDrawEntity& out);
+
+    // ---- Polygon support ------------------------------------------------------------------
+
+    /// The crossings of the leftward half-line from `p` with the ring from `first` to `last`
+    /// (and its closing edge when `close`), in the band; 0 as soon as `p` lies on an edge.
+    int CountHalfLineCrossings(const RvPoint2D& p, const_iterator first, const_iterator last,
+                               bool close) const;
+    /// The hit of the half-line from `o` with direction `d` on segment `i`, walked from vertex
+    /// `i` back to the vertex before it; a hit at the half-line's start does not count. On a
+    /// hit `out` takes the point and the edge `i`.
+    bool Intersection2D_HalfLineSegmentBreak(RvPoint2D o, RvPoint2D d, int i, _RvInterPoint& out);
+    /// Appends `a`, the vertices of `src` from `a`'s edge up to `b`'s, then `b`.
+    void AddPolygonPoints(const _RvInterPoint& a, const _RvInterPoint& b, RvDrawEntity& src);
+    /// Appends `a`, the vertices of `src` from before `a`'s edge back to `b`'s, then `b`.
+    void AddPolygonPointsBackward(const _RvInterPoint& a, const _RvInterPoint& b,
+                                  RvDrawEntity& src);
 
     // ---- Clipping and the client area
     // --------------------------------------------------------------

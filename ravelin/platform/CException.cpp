@@ -74,4 +74,10 @@ void AfxThrowFileException(int cause, const char* fileName) {
     throw CFileException(cause, fileName != nullptr ? fileName : "");
 }
 
+CInvalidArgException::CInvalidArgException() : CException("invalid argument") {}
+
+void AfxThrowInvalidArgException() {
+    throw CInvalidArgException();
+}
+
 }  // namespace ravelin

@@ -51,10 +51,19 @@ public:
     std::string m_strFileName;
 };
 
+/// An argument outside what an operation accepts, such as an array index out of range.
+class RAVELIN_API CInvalidArgException : public CException {
+public:
+    CInvalidArgException();
+};
+
 /// Throws a CArchiveException with the given cause.
 [[noreturn]] RAVELIN_API void AfxThrowArchiveException(int cause, const char* fileName = nullptr);
 
 /// Throws a CFileException with the given cause.
 [[noreturn]] RAVELIN_API void AfxThrowFileException(int cause, const char* fileName = nullptr);
+
+/// Throws a CInvalidArgException.
+[[noreturn]] RAVELIN_API void AfxThrowInvalidArgException();
 
 }  // namespace ravelin

@@ -165,3 +165,59 @@ TEST(AfxThrowFileException, IsCaughtAsPlatformAndStandardException) {
     EXPECT_THROW(AfxThrowFileException(CFileException::diskFull), CException);
     EXPECT_THROW(AfxThrowFileException(CFileException::diskFull), std::exception);
 }
+
+TEST(CExceptionHierarchy, InvalidArgumentIsAPlatformException) {
+    EXPECT_TRUE((std::is_base_of_v<CException, CInvalidArgException>));
+    EXPECT_TRUE((std::is_base_of_v<std::exception, CInvalidArgException>));
+}
+
+TEST(CInvalidArgExceptionText, SaysInvalidArgument) {
+    const CInvalidArgException e;
+    EXPECT_STREQ(e.what(), "invalid argument");
+}
+
+TEST(CInvalidArgExceptionText, CopyKeepsTheText) {
+    const CInvalidArgException original;
+    const CInvalidArgException copy = original;
+    EXPECT_STREQ(copy.what(), "invalid argument");
+}
+
+TEST(AfxThrowInvalidArgException, ThrowsAnInvalidArgument) {
+    EXPECT_THROW(AfxThrowInvalidArgException(), CInvalidArgException);
+}
+
+TEST(AfxThrowInvalidArgException, IsCaughtAsPlatformAndStandardException) {
+    EXPECT_THROW(AfxThrowInvalidArgException(), CException);
+    EXPECT_THROW(AfxThrowInvalidArgException(), std::exception);
+}
+
+// The text survives catching through either base.
+TEST(AfxThrowInvalidArgException, TextIsKeptThroughEveryBase) {
+    try {
+        AfxThrowInvalidArgException();
+    } catch (const CException& e) {
+        EXPECT_STREQ(e.what(), "invalid argument");
+    }
+    try {
+        AfxThrowInvalidArgException();
+    } catch (const std::exception& e) {
+        EXPECT_STREQ(e.what(), "invalid argument");
+    }
+}
+
+// It is not mistaken for the archive or file exceptions.
+TEST(AfxThrowInvalidArgException, IsNeitherAnArchiveNorAFileException) {
+    bool caughtAsOther = false;
+    bool caughtAsInvalidArg = false;
+    try {
+        AfxThrowInvalidArgException();
+    } catch (const CArchiveException&) {
+        caughtAsOther = true;
+    } catch (const CFileException&) {
+        caughtAsOther = true;
+    } catch (const CInvalidArgException&) {
+        caughtAsInvalidArg = true;
+    }
+    EXPECT_FALSE(caughtAsOther);
+    EXPECT_TRUE(caughtAsInvalidArg);
+}

@@ -1,0 +1,219 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <queue>
+#include <vector>
+
+#include "ravelin/RvExport.h"
+#include "ravelin/entity/RvDrawEntity.h"
+#include "ravelin/entity/RvLine2D.h"
+#include "ravelin/entity/RvPolyLine2D.h"
+#include "ravelin/numeric/Number.h"
+#include "ravelin/platform/CArray.h"
+#include "ravelin/polygon/RvInterPoint.h"
+
+namespace ravelin {
+
+class RvSkeleton;
+
+/// The closed polygon: an entity whose vertices are read as a ring, stored open (the last
+/// vertex differs from the first) or closed (the last repeats the first within 0.01). Each
+/// member says how it treats the two forms; the treatments differ on purpose. Its type word is
+/// 1.
+///
+/// Boolean combination, splitting and offsetting are members of this class too.
+///
+/// Several members keep the names their authors gave them; each is described in English.
+class RAVELIN_API RvPolygon2D : public RvDrawEntity {
+public:
+    static constexpr unsigned int kType = 1;
+
+    /// A hit of a half-line: the element of IntersectHalfLine2D's queue.
+    struct RAVELIN_API Intersection2D {
+        RvPoint2D m_Point;   ///< The hit.
+        int m_nEdge;         ///< The edge hit.
+        double m_dDistance;  ///< Planar distance of the hit from the half-line's start.
+
+        /// Farther by the band 5e-07 or more.
+        bool operator>(const Intersection2D& o) const {
+            return Number(m_dDistance) > o.m_dDistance;
+        }
+    };
+    /// The hits of a half-line, nearest on top.
+    using HitQueue = std::priority_queue<Intersection2D, std::deque<Intersection2D>,
+                                         std::greater<Intersection2D>>;
+
+    /// Outline drawn and edges hit; false at construction. The library never writes it.
+    bool m_bDrawEdges;
+    /// The straight skeleton, owned; null until one is built. Never copied.
+    RvSkeleton* m_pSkeleton;
+
+    /// The polygon along whose boundary the sort predicates order records; set by the caller
+    /// before a sort. Starts null.
+    static RvPolygon2D* m_sortPolygon;
+    /// The origin of the predicates that order by the start of a record.
+    static _RvInterPoint m_sortOrigin;
+    /// The origin of the predicates that order by the end of a record.
+    static _RvInterPoint m_sortOriginEnd;
+
+    RvPolygon2D();
+    /// Copies the entity part; the skeleton is not copied.
+    RvPolygon2D(const RvPolygon2D& p);
+    /// The ring of the polyline's vertices as they stand.
+    RvPolygon2D(const RvPolyLine2D& p);  // NOLINT(google-explicit-constructor)
+    /// Assigns the entity part and destroys the skeleton held.
+    RvPolygon2D& operator=(const RvPolygon2D& p);
+    /// Destroys the skeleton held.
+    ~RvPolygon2D() override;
+    /// As RvDrawEntity::ReInit, then the type word 1 and a null skeleton pointer. The skeleton
+    /// held is forgotten, not destroyed.
+    void ReInit();
+
+    // ---- Drawing and hit-testing -------------------------------------------------------------
+
+    /// Fills the ring in the library's raster operation in transparent background mode, then,
+    /// with `m_bDrawEdges`, draws its outline (not closed) with R2_COPYPEN. The device's raster
+    /// operation is restored; the background mode stays transparent.
+    CRect Draw(CDC* dc) override;
+    /// Inside (unless `snap` comes as SnapEdge) by PointInsidePolygonEx2D, then, with
+    /// `m_bDrawEdges`, the edges including the closing one.
+    bool IsIncident(const RvPoint2D& p, double& d, enumSnapType& snap,
+                    RvDrawEntity& hit) const override;
+    /// As for a polyline: the vertices' pixels, or a side of `r` crossing the open chain.
+    bool InvSelectArea(const CRect& r, int mode) const override;
+
+    // ---- Measures ---------------------------------------------------------------------------
+
+    /// The signed area, in space, by a fan from vertex 0: each triangle counts with the sign
+    /// of the `z` of its cross product. Positive for a counterclockwise ring seen from +z.
+    double GetPlochuOriented() const;
+    /// GetPlochu: the area, |GetPlochuOriented()|.
+    double GetPlochu() const;
+    /// GetObvod: the perimeter in space, with the closing edge unless the ring is stored closed.
+    double GetObvod() const;
+    /// The orientation at the lowest (then rightmost) planar vertex: positive for a
+    /// counterclockwise ring.
+    Number GetOrientation() const;
+    /// The unit normal from the corner at the lowest (then rightmost) vertex, a stored closing
+    /// vertex left out: +z for a counterclockwise ring in the plane z = 0.
+    RvPoint3D GetNormalVector2() const;
+    /// The same ring (within 0.01 on `x`, `y`), from any start vertex, in either direction.
+    bool operator==(const RvPolygon2D& o) const;
+    /// GetBigestPolygon: the polygon of largest area, the first of equals; end() for none.
+    static std::vector<RvPolygon2D>::iterator GetBigestPolygon(std::vector<RvPolygon2D>& polys);
+    /// The polygon whose boundary is nearest to `p` in space, the first of equals; a polygon
+    /// without vertices wins. begin() for none.
+    static std::vector<RvPolygon2D>::iterator GetNearestPolygon(const RvPoint3D& p,
+                                                                std::vector<RvPolygon2D>& polys);
+    /// LocatePointToPlain: sets `p.z` onto the plane of the first vertices that span one; 1 on
+    /// success, 0 when there is none (or it stands vertical).
+    int LocatePointToPlain(RvPoint3D& p);
+    /// Combines the pixel regions of the two polygons and discards the result: it changes
+    /// nothing and returns this polygon.
+    RvPolygon2D& operator&=(const RvPolygon2D& o);
+
+    // ---- Point and edge classification --------------------------------------------------------
+
+    /// 1 if the pixel of `p` lies in the even-odd pixel region of the ring, else 0.
+    int PointInPolygon2D(const RvPoint2D& p);
+    /// 1 if `p` lies inside or on the boundary (then `intersectStatus` is 1), else 0.
+    int PointInPolygonEx2D(const RvPoint2D& p);
+    /// 1 if `p` lies inside by the parity of a rightward ray; on the boundary either answer.
+    /// No vertices: "invalid vector<T> subscript".
+    int PointInPolygonEx2D_const(const RvPoint2D& p) const;
+    /// 1 if `p` lies strictly inside, by the crossing count in the band; 0 on the boundary.
+    int PointInsidePolygonEx2D(const RvPoint2D& p) const;
+    /// 1 if `p` lies on an edge; the closing edge is skipped when vertices 0 and 1 coincide.
+    int PointOnEdge2D(const RvPoint2D& p) const;
+    /// 1 if `p` lies on an edge, with `edge` its first vertex (n - 1 for the closing edge).
+    int PointOnEdge2D(const RvPoint2D& p, int& edge) const;
+    /// Over the first `n` vertices: 1 at vertex `a` (within 0.01; `b` the vertex before it), or
+    /// on the interior of the edge from `a` to the next vertex (then `b` == `a`); else 0.
+    int PointOnEdge2D(const RvPoint2D& p, int n, int& a, int& b) const;
+    /// 1 if the line's two ends lie on the boundary and all vertices between them, one way
+    /// round, lie on the line.
+    int LineOnEdge2D(const RvLine2D& line) const;
+    /// The index of the end vertex of the first edge from `start` on that overlaps `a`-`b` and
+    /// is parallel to it (in space, at the height of the vertex before `start`); -1 if none.
+    int GetSegmentOnEdgeIndex(const RvPoint2D& a, const RvPoint2D& b, int start) const;
+    /// Whether `a`-`b` overlaps some edge.
+    bool SegmentOnEdge(const RvPoint2D& a, const RvPoint2D& b) const;
+    /// 1 if some segment of `e` (the closing one too when `closed`) overlaps an edge.
+    int PolylineOnEdge2D(const RvDrawEntity& e, bool closed) const;
+    /// Whether `a`-`b` runs along the boundary, over as many collinear edges as needed.
+    bool IsEdge(RvPoint2D& a, RvPoint2D& b);
+    /// Whether the segments `a0`-`a1` and `b0`-`b1` meet, with ends included and 0.0001 as the
+    /// parallel tolerance; false for a segment whose ends coincide within 0.01.
+    static bool TestIntersectSegments(const_iterator a0, const_iterator a1, const_iterator b0,
+                                      const_iterator b1);
+    /// Whether at least `count` pairs of an edge and a segment of `e` meet.
+    bool IntersectPolygon(const RvDrawEntity& e, bool closed, int count) const;
+    /// Whether `e` meets the boundary or starts inside.
+    bool TestIntersectEntity(const RvDrawEntity& e, bool closed) const;
+    /// Whether the two polygons meet, one holds the other, or they are equal.
+    bool TestIntersectPolygon(const RvPolygon2D& o) const;
+    /// Whether `e` lies inside, touching the boundary nowhere.
+    bool IsInside(const RvDrawEntity& e) const;
+    /// Whether the segment `a`-`b` passes through the polygon: its crossings, less one for each
+    /// end strictly inside, number at least two.
+    bool TestIntersectSegment2DBreak(RvPoint2D& a, RvPoint2D& b);
+    /// Whether the two records lie on adjacent edges; if so `b` moves to their common vertex
+    /// and takes `a`'s edge.
+    bool TestNeibEdgeBreak(const _RvInterPoint& a, _RvInterPoint& b);
+    /// Merges into `out`, sorted by distance from `a` and without points within 0.01 of one
+    /// already there, the crossings of the segment `a`-`b` with the edges.
+    void IntersectsWithLine(RvPoint2D& a, RvPoint2D& b, CArray<RvPoint2D, const RvPoint2D&>& out);
+    /// A unit normal of the ring, +z for a counterclockwise ring in the plane z = 0, decided by
+    /// a probe up to two units inside the first corner that is not flat. The cross product as
+    /// it is for a flat or degenerate ring.
+    RvPoint3D GetNormalVector() const;
+    /// Whether `from` plus the unit vector of `v` lies in the polygon.
+    bool IsVectorInsideFrom(RvPoint3D v, const RvPoint3D& from) const;
+    /// Reverses `v` unless it points inside from `from`.
+    void SetVectInsideFrom(RvPoint3D& v, const RvPoint3D& from) const;
+    /// The first point of `e` off this polygon's boundary; `e.end()` if none.
+    std::vector<RvPoint2D>::const_iterator GetNonEdgePoint(const RvDrawEntity& e) const;
+
+    // ---- Boundary records and break queries ---------------------------------------------------
+
+    /// Orders boundary points by their arc length from `m_sortOrigin`; false with no
+    /// `m_sortPolygon`.
+    static bool sort_RvInterPoint_less(const _RvInterPoint& l, const _RvInterPoint& r);
+    /// Orders records by their nearer end from `m_sortOrigin`, records marked done last; each
+    /// record compared has its nearer end made its start.
+    static bool sort_RvInterSegmentStart_less(_RvInterSegment& l, _RvInterSegment& r);
+    static bool sort_pRvInterSegmentStart_less(_RvInterSegment* l, _RvInterSegment* r);
+    static bool sort_pRvInterSegmentStart_greater(_RvInterSegment* l, _RvInterSegment* r);
+    /// Orders records by their farther end from `m_sortOriginEnd`, records marked done last;
+    /// each record compared has its farther end made its end.
+    static bool sort_pRvInterSegmentEnd_less(_RvInterSegment* l, _RvInterSegment* r);
+    static bool sort_pRvInterSegmentEnd_greater(_RvInterSegment* l, _RvInterSegment* r);
+
+    using RvDrawEntity::GetLength;
+    /// The arc length along the boundary from `a` to `b`, walking towards rising vertex index;
+    /// `a` on `b`'s edge but not before it walks round the ring.
+    double GetLength(const _RvInterPoint& a, const _RvInterPoint& b);
+    /// Pushes the hits of the half-line from `p` with direction `d` on `q`, nearest on top.
+    virtual bool IntersectHalfLine2D(const RvPoint2D& p, const RvPoint2D& d, HitQueue& q) const;
+    /// Appends the hits of the half-line in the order of the edges; a hit at `p` is refused.
+    bool IntersectHalfLine2DBreak(const RvPoint2D& p, const RvPoint2D& d,
+                                  std::vector<_RvInterPoint>& out);
+    /// Appends the hits of the whole line through `p`, with an edge lying on the line reported
+    /// by its first vertex.
+    bool IntersectLine2DBreak(const RvPoint2D& p, const RvPoint2D& d,
+                              std::vector<_RvInterPoint>& out);
+    /// Appends the crossings of the segment `a`-`b`; for each end strictly inside, the record
+    /// nearest to it is then removed from `out`.
+    bool IntersectSegment2DBreak(RvPoint2D& a, RvPoint2D& b, std::vector<_RvInterPoint>& out);
+    bool IntersectSegment2DBreak(RvPoint2D& a, RvPoint2D& b, std::vector<RvPoint2D>& out);
+    /// The edge nearest to `q` on which the foot of `p` lies strictly inside; the foot in `foot`.
+    /// -1 if none.
+    virtual int GetNearestSegment2D(const RvPoint2D& p, const RvPoint2D& q, RvPoint2D& foot) const;
+
+private:
+    /// Destroys the skeleton held, if any.
+    void DeleteSkeleton();
+};
+
+}  // namespace ravelin

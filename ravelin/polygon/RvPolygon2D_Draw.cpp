@@ -1,0 +1,134 @@
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "ravelin/platform/CDC.h"
+#include "ravelin/platform/CGdiObject.h"
+#include "ravelin/polygon/RvPolyPolygon2D.h"
+
+namespace ravelin {
+
+namespace {
+
+// The ring counts fitted to `n` vertices: a negative count becomes 0, and a count reaching past
+// the vertices is cut at the last one, so that the rings after it are empty. Nothing keeps the
+// counts in step with the vertices, and neither the device nor the edge scan may read beyond
+// them. Counts that add up to `n` come back as they are.
+std::vector<int> ClampedCounts(const std::vector<int>& counts, std::size_t n) {
+    std::vector<int> clamped;
+    clamped.reserve(counts.size());
+    std::size_t offset = 0;
+    for (const int count : counts) {
+        const std::size_t wanted = count > 0 ? static_cast<std::size_t>(count) : 0;
+        const std::size_t kept = std::min(wanted, n - offset);
+        clamped.push_back(static_cast<int>(kept));
+        offset += kept;
+    }
+    return clamped;
+}
+
+}  // namespace
+
+// ---- RvPolygon2D -------------------------------------------------------------------------------
+
+CRect RvPolygon2D::Draw(CDC* dc) {
+    if (size() < 2) {
+        return CRect();
+    }
+    const int n = static_cast<int>(size());
+    const int former = dc->SetROP2(s_nROP2LIB);
+    dc->SetBkMode(TRANSPARENT);
+    std::unique_ptr<tagPOINT[]> points(GetPOINTArray());
+    Polygon(dc->m_hDC, points.get(), n);
+    if (m_bDrawEdges) {
+        // The outline is left open: a ring not stored closed keeps a gap at its seam.
+        dc->SetROP2(R2_COPYPEN);
+        Polyline(dc->m_hDC, points.get(), n);
+    }
+    // The background mode stays transparent; only the raster operation is put back.
+    dc->SetROP2(former);
+    return CRect();
+}
+
+bool RvPolygon2D::IsIncident(const RvPoint2D& p, double& d, enumSnapType& snap,
+                             RvDrawEntity& hit) const {
+    hit.SetType(type);
+    // The interior is tried first, unless the caller asks for edges only.
+    if (snap != SnapEdge && PointInsidePolygonEx2D(p) != 0) {
+        snap = SnapInside;
+        return true;
+    }
+    // Without vertices there is no closing edge to try either.
+    if (!m_bDrawEdges || empty()) {
+        return false;
+    }
+    bool found = false;
+    for (std::size_t k = 1; k < size(); ++k) {
+        // Every edge is tried; one that passes with the distance left by an earlier hit is
+        // nearer and replaces it.
+        if (IsIncidentSegment((*this)[k - 1], (*this)[k], p, d, snap, hit)) {
+            found = true;
+        }
+    }
+    if (IsIncidentSegment((*this)[0], (*this)[size() - 1], p, d, snap, hit)) {
+        found = true;
+    }
+    return found;
+}
+
+bool RvPolygon2D::InvSelectArea(const CRect& r, int mode) const {
+    return InvSelectVertices(r, mode);
+}
+
+// ---- RvPolyPolygon2D ---------------------------------------------------------------------------
+
+CRect RvPolyPolygon2D::Draw(CDC* dc) {
+    if (size() < 2) {
+        return CRect();
+    }
+    const int former = dc->SetROP2(s_nROP2LIB);
+    std::unique_ptr<tagPOINT[]> points(GetPOINTArray());
+    const std::vector<int> counts = ClampedCounts(m_Counts, size());
+    const int rings = static_cast<int>(counts.size());
+    if (m_bDrawEdges) {
+        PolyPolygon(dc->m_hDC, points.get(), counts.data(), rings);
+    } else {
+        // The rings are filled without an outline: a null pen is selected for the one call.
+        CPen nullPen;
+        nullPen.CreatePen(PS_NULL, 0, 0);
+        CPen* formerPen = dc->SelectObject(&nullPen);
+        PolyPolygon(dc->m_hDC, points.get(), counts.data(), rings);
+        dc->SelectObject(formerPen);
+    }
+    points.reset();
+    dc->SetROP2(former);
+    return CRect();
+}
+
+bool RvPolyPolygon2D::IsIncident(const RvPoint2D& p, double& d, enumSnapType& snap,
+                                 RvDrawEntity& hit) const {
+    hit.SetType(type);
+    if (snap != SnapEdge && PointInsidePolyPolygonEx2D(p) != 0) {
+        snap = SnapInside;
+        return true;
+    }
+    if (!m_bDrawEdges) {
+        return false;
+    }
+    bool found = false;
+    std::size_t first = 0;
+    for (const int count : ClampedCounts(m_Counts, size())) {
+        const std::size_t last = first + static_cast<std::size_t>(count);
+        // Rings are stored closed, so no closing edge is added to any of them.
+        for (std::size_t k = first + 1; k < last; ++k) {
+            if (IsIncidentSegment((*this)[k - 1], (*this)[k], p, d, snap, hit)) {
+                found = true;
+            }
+        }
+        first = last;
+    }
+    return found;
+}
+
+}  // namespace ravelin

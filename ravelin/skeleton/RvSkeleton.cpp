@@ -1,0 +1,7 @@
+#include "ravelin/skeleton/RvSkeleton.h"
+
+namespace ravelin {
+
+RvSkeleton::~RvSkeleton() = default;
+
+}  // namespace ravelin
