@@ -30,10 +30,10 @@ public:
         if (i < 0 || count < 0) {
             AfxThrowInvalidArgException();
         }
+        const T copy = e;  // `e` may refer into the array, which the growth below moves
         if (i > GetSize()) {
             m_data.resize(static_cast<std::size_t>(i));
         }
-        const T copy = e;  // `e` may refer into the array itself
         m_data.insert(m_data.begin() + i, static_cast<std::size_t>(count), copy);
     }
     /// Removes `count` elements from index `i`.
