@@ -195,6 +195,38 @@ void ShowDrawing() {
     Print("... and by full inclusion?", path.InvSelectArea(CRect(25, -5, 40, 20), 1));
 }
 
+// A square ring from (lo, lo) to (hi, hi), counterclockwise, stored closed.
+void AppendSquareRing(RvDrawEntity& ring, double lo, double hi) {
+    ring.push_backA(RvPoint2D(lo, lo));
+    ring.push_backA(RvPoint2D(hi, lo));
+    ring.push_backA(RvPoint2D(hi, hi));
+    ring.push_backA(RvPoint2D(lo, hi));
+    ring.push_backA(RvPoint2D(lo, lo));
+}
+
+void ShowPolygons() {
+    Heading("Polygons");
+    RvPolygon2D square;
+    AppendSquareRing(square, 0, 10);
+    Print("area of the square (0,0)-(10,10):", square.GetPlochu());
+    Print("perimeter:", square.GetObvod());
+    Print("counterclockwise (orientation > 0)?", square.GetOrientation() > 0);
+    const RvPoint2D onEdge(0, 5);
+    Print("(0, 5) in or on, by the edge-aware test?", square.PointInPolygonEx2D(onEdge) == 1);
+    Print("(0, 5) strictly inside?", square.PointInsidePolygonEx2D(onEdge) == 1);
+
+    RvPolyPolygon2D withHole;
+    AppendSquareRing(withHole, 0, 10);
+    withHole.AddCount(5);
+    AppendSquareRing(withHole, 3, 7);
+    withHole.AddCount(5);
+    for (const RvPoint2D& p : {RvPoint2D(1, 1), RvPoint2D(5, 5), RvPoint2D(12, 5)}) {
+        char label[64];
+        std::snprintf(label, sizeof label, "(%g, %g) inside the square with a hole?", p.x2D, p.y2D);
+        Print(label, withHole.PointInsidePolyPolygonEx2D(p) == 1);
+    }
+}
+
 int main() {
     std::printf("Ravelin: what the library does so far\n");
     ShowTolerances();
@@ -205,5 +237,6 @@ int main() {
     ShowWarning();
     ShowPaths();
     ShowDrawing();
+    ShowPolygons();
     return 0;
 }

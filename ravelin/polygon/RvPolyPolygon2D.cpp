@@ -7,26 +7,18 @@
 
 namespace ravelin {
 
-namespace {
-
-// The ring counts fitted to `n` vertices: a negative count becomes 0, and a count reaching past
-// the vertices is cut at the last one, so that the rings after it are empty. Nothing keeps the
-// counts in step with the vertices, and a ring must never be read beyond them. Counts that add
-// up to `n` come back as they are.
-std::vector<int> ClampedCounts(const std::vector<int>& counts, std::size_t n) {
+std::vector<int> RvPolyPolygon2D::RingCounts() const {
     std::vector<int> clamped;
-    clamped.reserve(counts.size());
+    clamped.reserve(m_Counts.size());
     std::size_t offset = 0;
-    for (const int count : counts) {
+    for (const int count : m_Counts) {
         const std::size_t wanted = count > 0 ? static_cast<std::size_t>(count) : 0;
-        const std::size_t kept = std::min(wanted, n - offset);
+        const std::size_t kept = std::min(wanted, size() - offset);
         clamped.push_back(static_cast<int>(kept));
         offset += kept;
     }
     return clamped;
 }
-
-}  // namespace
 
 RvPolyPolygon2D::RvPolyPolygon2D() {
     type = kType;
@@ -62,7 +54,7 @@ std::vector<int>* RvPolyPolygon2D::GetCounts() {
 int RvPolyPolygon2D::PointInsidePolyPolygonEx2D(const RvPoint2D& p) const {
     int crossings = 0;
     const_iterator first = begin();
-    for (const int count : ClampedCounts(m_Counts, size())) {
+    for (const int count : RingCounts()) {
         const const_iterator last = first + count;
         // Each ring is counted as stored, without a closing edge; a ring on whose edge `p` lies
         // adds nothing, and the other rings still count.
@@ -78,7 +70,7 @@ std::vector<RvPoint2D>::const_iterator RvPolyPolygon2D::GetPrevPoint(int i) cons
     // Wide enough that the vertex before the least int is still a number below zero.
     std::ptrdiff_t index = static_cast<std::ptrdiff_t>(i) - 1;
     std::ptrdiff_t offset = 0;
-    for (const int count : ClampedCounts(m_Counts, size())) {
+    for (const int count : RingCounts()) {
         if (offset > i) {
             break;
         }
@@ -101,7 +93,7 @@ bool RvPolyPolygon2D::IntersectHalfLine2D(const RvPoint2D& p, const RvPoint2D& d
     }
     bool found = false;
     const_iterator first = begin();
-    for (const int count : ClampedCounts(m_Counts, size())) {
+    for (const int count : RingCounts()) {
         const const_iterator last = first + count;
         // Every ring is walked, also after one that was hit.
         if (IntersectHalfLineRing(p, d, q, first, last)) {
@@ -150,7 +142,7 @@ int RvPolyPolygon2D::GetNearestSegment2D(const RvPoint2D& p, const RvPoint2D& /*
     double best = -1.0;
     int result = -1;
     std::size_t first = 0;
-    for (const int count : ClampedCounts(m_Counts, size())) {
+    for (const int count : RingCounts()) {
         const std::size_t last = first + static_cast<std::size_t>(count);
         if (first == last) {
             continue;

@@ -54,6 +54,11 @@ public:
     int GetNearestSegment2D(const RvPoint2D& p, const RvPoint2D& q, RvPoint2D& foot) const override;
 
 private:
+    /// The ring counts fitted to the vertices: a negative count becomes 0, and a count reaching
+    /// past the vertices is cut at the last one, so that the rings after it are empty. Nothing
+    /// keeps `m_Counts` in step with the vertices, and no ring may be read beyond them. Counts
+    /// that add up to the vertex count come back as they are.
+    std::vector<int> RingCounts() const;
     /// The hits of the half-line on the ring from `first` to `last`.
     bool IntersectHalfLineRing(const RvPoint2D& p, const RvPoint2D& d, HitQueue& q,
                                const_iterator first, const_iterator last) const;

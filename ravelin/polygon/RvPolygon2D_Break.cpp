@@ -28,7 +28,7 @@ void ForEachEdge(const RvPolygon2D& poly, OnEdge onEdge) {
 }
 
 // The parameter `t` along the edge from `to` with vector `e` where the line from `p` with
-// direction `d` meets it (0 at `to`, 1 at `from`), on the planar pair. False when the two are
+// direction `d` meets it (0 at `to`, 1 at `to + e`), on the planar pair. False when the two are
 // parallel within 1e-06.
 bool EdgeParameter(const RvPoint2D& to, const RvPoint2D& e, const RvPoint2D& p, const RvPoint2D& d,
                    double& t) {
@@ -46,8 +46,8 @@ bool WithinEdge(double t) {
     return -1e-06 < t && t < 1.000001;
 }
 
-// Whether the edge lying parallel to the line through `p` with direction of the edge vector `e`
-// lies on that line, or is degenerate. `e` runs from vertex `to` back to the edge's start.
+// Whether an edge parallel to the line through `p` lies on that line, or has no length. `e` is
+// the edge vector, from vertex `to` back to the edge's start.
 bool ParallelEdgeOnLine(RvPoint2D e, const RvPoint2D& p, const RvPoint2D& to) {
     const bool edgeNotNull = !e.IsNull();
     if (edgeNotNull) {

@@ -9,27 +9,6 @@
 
 namespace ravelin {
 
-namespace {
-
-// The ring counts fitted to `n` vertices: a negative count becomes 0, and a count reaching past
-// the vertices is cut at the last one, so that the rings after it are empty. Nothing keeps the
-// counts in step with the vertices, and neither the device nor the edge scan may read beyond
-// them. Counts that add up to `n` come back as they are.
-std::vector<int> ClampedCounts(const std::vector<int>& counts, std::size_t n) {
-    std::vector<int> clamped;
-    clamped.reserve(counts.size());
-    std::size_t offset = 0;
-    for (const int count : counts) {
-        const std::size_t wanted = count > 0 ? static_cast<std::size_t>(count) : 0;
-        const std::size_t kept = std::min(wanted, n - offset);
-        clamped.push_back(static_cast<int>(kept));
-        offset += kept;
-    }
-    return clamped;
-}
-
-}  // namespace
-
 // ---- RvPolygon2D -------------------------------------------------------------------------------
 
 CRect RvPolygon2D::Draw(CDC* dc) {
@@ -89,7 +68,7 @@ CRect RvPolyPolygon2D::Draw(CDC* dc) {
     }
     const int former = dc->SetROP2(s_nROP2LIB);
     std::unique_ptr<tagPOINT[]> points(GetPOINTArray());
-    const std::vector<int> counts = ClampedCounts(m_Counts, size());
+    const std::vector<int> counts = RingCounts();
     const int rings = static_cast<int>(counts.size());
     if (m_bDrawEdges) {
         PolyPolygon(dc->m_hDC, points.get(), counts.data(), rings);
@@ -118,7 +97,7 @@ bool RvPolyPolygon2D::IsIncident(const RvPoint2D& p, double& d, enumSnapType& sn
     }
     bool found = false;
     std::size_t first = 0;
-    for (const int count : ClampedCounts(m_Counts, size())) {
+    for (const int count : RingCounts()) {
         const std::size_t last = first + static_cast<std::size_t>(count);
         // Rings are stored closed, so no closing edge is added to any of them.
         for (std::size_t k = first + 1; k < last; ++k) {
