@@ -20,15 +20,6 @@ namespace {
 
 const char* const kBadSubscript = "invalid vector<T> subscript";
 
-// A polygon of the given vertices, appended one at a time.
-RvPolygon2D Ring(std::initializer_list<RvPoint2D> points) {
-    RvPolygon2D ring;
-    for (const RvPoint2D& p : points) {
-        ring.push_backA(p);
-    }
-    return ring;
-}
-
 // The counterclockwise square (0,0), (10,0), (10,10), (0,10), stored open. Edge i runs from the
 // vertex before i to vertex i: edge 0 is the left side from (0,10) down to (0,0), edge 1 the
 // bottom, edge 2 the right side, edge 3 the top. Perimeter 40.

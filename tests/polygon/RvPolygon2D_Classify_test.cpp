@@ -25,15 +25,6 @@ namespace {
 
 const char* const kBadSubscript = "invalid vector<T> subscript";
 
-// A polygon of the given vertices, appended one at a time.
-RvPolygon2D Ring(std::initializer_list<RvPoint2D> points) {
-    RvPolygon2D ring;
-    for (const RvPoint2D& p : points) {
-        ring.push_backA(p);
-    }
-    return ring;
-}
-
 // The same ring with its first vertex repeated at the end (stored closed).
 RvPolygon2D Closed(const RvPolygon2D& open) {
     RvPolygon2D ring = open;

@@ -26,15 +26,6 @@ public:
     ~CountingSkeleton() override { ++g_skeletonsDestroyed; }
 };
 
-// A polygon of the given vertices, appended one at a time.
-RvPolygon2D Ring(std::initializer_list<RvPoint2D> points) {
-    RvPolygon2D ring;
-    for (const RvPoint2D& p : points) {
-        ring.push_backA(p);
-    }
-    return ring;
-}
-
 // A point whose planar pair and spatial position are both (x, y, z) and (x, y).
 RvPoint2D P3(double x, double y, double z) {
     return RvPoint2D(x, y, x, y, z);

@@ -20,6 +20,7 @@
 #include "ravelin/numeric/RvPoint3D.h"
 #include "ravelin/platform/AfxMessageBox.h"
 #include "ravelin/platform/CGdiObject.h"
+#include "ravelin/polygon/RvPolygon2D.h"
 
 namespace ravelin::testing_support {
 
@@ -215,6 +216,15 @@ RvPolyLine2D Path(const Points&... points) {
     RvPolyLine2D path;
     (path.push_backA(RvPoint2D(points)), ...);
     return path;
+}
+
+/// A polygon of the given vertices, appended one at a time, stored as given.
+inline RvPolygon2D Ring(std::initializer_list<RvPoint2D> points) {
+    RvPolygon2D ring;
+    for (const RvPoint2D& p : points) {
+        ring.push_backA(p);
+    }
+    return ring;
 }
 
 // --- Drawing -----------------------------------------------------------------------------
