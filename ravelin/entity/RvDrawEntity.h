@@ -332,6 +332,11 @@ protected:
     /// and `snap` becomes SnapEdge; `d` may be lowered.
     static bool IsIncidentSegment(const RvPoint2D& a, const RvPoint2D& b, const RvPoint2D& p,
                                   double& d, enumSnapType& snap, RvDrawEntity& hit);
+    /// IsIncidentSegment on each segment between consecutive vertices from `first` to `last`,
+    /// in order: every segment is tried, and one that passes with the distance left by an
+    /// earlier hit is nearer and replaces it. True if any was hit.
+    static bool IsIncidentChain(const_iterator first, const_iterator last, const RvPoint2D& p,
+                                double& d, enumSnapType& snap, RvDrawEntity& hit);
     /// InvSelectArea of a path: full inclusion of the vertices, or any vertex or border
     /// crossing for touching.
     bool InvSelectVertices(const CRect& r, int mode) const;

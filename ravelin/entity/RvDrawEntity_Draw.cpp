@@ -40,6 +40,17 @@ bool RvDrawEntity::IsIncidentSegment(const RvPoint2D& a, const RvPoint2D& b, con
     return true;
 }
 
+bool RvDrawEntity::IsIncidentChain(const_iterator first, const_iterator last, const RvPoint2D& p,
+                                   double& d, enumSnapType& snap, RvDrawEntity& hit) {
+    bool found = false;
+    for (const_iterator it = first; it != last && it + 1 != last; ++it) {
+        if (IsIncidentSegment(*it, *(it + 1), p, d, snap, hit)) {
+            found = true;
+        }
+    }
+    return found;
+}
+
 bool RvDrawEntity::InvSelectVertices(const CRect& r, int mode) const {
     if (IsRectEmpty(&r)) {
         return false;

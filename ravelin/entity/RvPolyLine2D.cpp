@@ -48,15 +48,7 @@ CRect RvPolyLine2D::Draw(CDC* dc) {
 bool RvPolyLine2D::IsIncident(const RvPoint2D& p, double& d, enumSnapType& snap,
                               RvDrawEntity& hit) const {
     hit.SetType(type);
-    bool found = false;
-    for (std::size_t k = 1; k < size(); ++k) {
-        // Every segment is tried; one that passes with the distance left by an earlier hit is
-        // nearer and replaces it.
-        if (IsIncidentSegment((*this)[k - 1], (*this)[k], p, d, snap, hit)) {
-            found = true;
-        }
-    }
-    return found;
+    return IsIncidentChain(begin(), end(), p, d, snap, hit);
 }
 
 bool RvPolyLine2D::InvSelectArea(const CRect& r, int mode) const {

@@ -42,14 +42,7 @@ bool RvPolygon2D::IsIncident(const RvPoint2D& p, double& d, enumSnapType& snap,
     if (!m_bDrawEdges || empty()) {
         return false;
     }
-    bool found = false;
-    for (std::size_t k = 1; k < size(); ++k) {
-        // Every edge is tried; one that passes with the distance left by an earlier hit is
-        // nearer and replaces it.
-        if (IsIncidentSegment((*this)[k - 1], (*this)[k], p, d, snap, hit)) {
-            found = true;
-        }
-    }
+    bool found = IsIncidentChain(begin(), end(), p, d, snap, hit);
     if (IsIncidentSegment((*this)[0], (*this)[size() - 1], p, d, snap, hit)) {
         found = true;
     }
@@ -96,14 +89,12 @@ bool RvPolyPolygon2D::IsIncident(const RvPoint2D& p, double& d, enumSnapType& sn
         return false;
     }
     bool found = false;
-    std::size_t first = 0;
+    const_iterator first = begin();
     for (const int count : RingCounts()) {
-        const std::size_t last = first + static_cast<std::size_t>(count);
+        const const_iterator last = first + count;
         // Rings are stored closed, so no closing edge is added to any of them.
-        for (std::size_t k = first + 1; k < last; ++k) {
-            if (IsIncidentSegment((*this)[k - 1], (*this)[k], p, d, snap, hit)) {
-                found = true;
-            }
+        if (IsIncidentChain(first, last, p, d, snap, hit)) {
+            found = true;
         }
         first = last;
     }
