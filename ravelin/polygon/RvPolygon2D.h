@@ -12,6 +12,7 @@
 #include "ravelin/numeric/Number.h"
 #include "ravelin/platform/CArray.h"
 #include "ravelin/polygon/RvInterPoint.h"
+#include "ravelin/polygon/RvIntersection.h"
 
 namespace ravelin {
 
@@ -82,6 +83,10 @@ public:
                     RvDrawEntity& hit) const override;
     /// As for a polyline: the vertices' pixels, or a side of `r` crossing the open chain.
     bool InvSelectArea(const CRect& r, int mode) const override;
+    /// A diagnostic view of combination nodes in a 500 by 500 pixel area: this polygon's
+    /// bounding rectangle scaled to fit and centred, each node a small square labelled "edge",
+    /// or "nie" (no) for a node without a kind.
+    void DrawResult(CDC* dc, RvIntersectionArray* list);
 
     // ---- Measures ---------------------------------------------------------------------------
 
@@ -210,6 +215,31 @@ public:
     /// The edge nearest to `q` on which the foot of `p` lies strictly inside; the foot in `foot`.
     /// -1 if none.
     virtual int GetNearestSegment2D(const RvPoint2D& p, const RvPoint2D& q, RvPoint2D& foot) const;
+
+    // ---- Boolean combination ------------------------------------------------------------------
+
+    /// The difference, intersection or union with `other`, as open rings in `result` (holes as
+    /// rings of their own, orientation as traced). Works on copies of both operands. False,
+    /// with `result` untouched, if either polygon is empty; otherwise `result` is cleared and
+    /// the answer is true, also when nothing remains.
+    bool Combine(const RvPolygon2D& other, _RvCombineMode mode,
+                 std::vector<RvPolygon2D>& result) const;
+    /// The worker of Combine. It prepares this polygon in place: `z` zeroed and vertices within
+    /// 0.01 of the one before removed.
+    bool _Combine(RvPolygon2D other, _RvCombineMode mode, std::vector<RvPolygon2D>& result);
+
+    /// Appends this polygon to `out`, then subtracts every polygon of `removed`, in order, from
+    /// everything in `out`. Rings that come back are plain rings: which was a hole is lost.
+    void RemovePolygons(std::vector<RvPolygon2D>& removed, std::vector<RvPolygon2D>& out);
+    /// Appends to `out` the intersection with each of `others`: a copy of one that lies inside,
+    /// otherwise Combine's rings. The rings of the last Combine are appended again after each
+    /// polygon that lies inside.
+    void IntersectPolygons(const std::vector<RvPolygon2D>& others, std::vector<RvPolygon2D>& out);
+    /// The ring from the boundary point `start` along `dir` (turned inward if needed) to the
+    /// nearest hit on the boundary, then back along the vertices, against the walk `step` (+1 or
+    /// -1), to `start`. False, with `out` empty, if the half-line meets no edge.
+    bool GetClosedInterPolygon(_RvInterPoint start, RvPoint3D dir, int step, _RvInterPoint& hit,
+                               RvPolygon2D& out);
 
 private:
     /// Destroys the skeleton held, if any.

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "ravelin/platform/CDC.h"
@@ -51,6 +52,36 @@ bool RvPolygon2D::IsIncident(const RvPoint2D& p, double& d, enumSnapType& snap,
 
 bool RvPolygon2D::InvSelectArea(const CRect& r, int mode) const {
     return InvSelectVertices(r, mode);
+}
+
+// The scale fits the bounding rectangle, grown by one unit on each side, into the area; the
+// offsets centre it, in integer halves.
+void RvPolygon2D::DrawResult(CDC* dc, RvIntersectionArray* list) {
+    const CRect area(0, 0, 500, 500);
+    const CRect box = GetBoundingRect();
+    const double sx = area.Width() / (box.Width() + 2.0);
+    const double sy = area.Height() / (box.Height() + 2.0);
+    const double s = std::min(sx, sy);
+    const CRect scaled(TruncateToPixel(box.left * s), TruncateToPixel(box.top * s),
+                       TruncateToPixel(box.right * s), TruncateToPixel(box.bottom * s));
+    const double ox = (area.left + area.right) / 2 - (scaled.left + scaled.right) / 2;
+    const double oy = (area.top + area.bottom) / 2 - (scaled.top + scaled.bottom) / 2;
+    dc->FillSolidRect(&area, 0xffffff);
+    if (list == nullptr) {
+        return;
+    }
+    for (int i = 0; i < list->GetSize(); ++i) {
+        const _RvIntersection& node = list->GetAt(i);
+        const tagPOINT p = node.m_Point.GetPOINT();
+        const double x = p.x * s + ox;
+        const double y = p.y * s + oy;
+        Rectangle(dc->m_hDC, TruncateToPixel(x - 4), TruncateToPixel(y - 4), TruncateToPixel(x + 4),
+                  TruncateToPixel(y + 4));
+        // "nie": no kind.
+        const char* label = node.m_nKind != 0 ? "edge" : "nie";
+        dc->TextOut(TruncateToPixel(x), TruncateToPixel(y + 10), label,
+                    static_cast<int>(std::char_traits<char>::length(label)));
+    }
 }
 
 // ---- RvPolyPolygon2D ---------------------------------------------------------------------------
