@@ -1,5 +1,5 @@
 # The two commands of the project. Each installs what is missing, configures, builds and runs.
-.PHONY: test demo
+.PHONY: test demo bench
 
 test:
 	./scripts/install-deps
@@ -16,3 +16,9 @@ demo:
 	cmake --preset release
 	cmake --build --preset release --target ravelin_demo
 	./build/release/examples/ravelin_demo
+
+bench:
+	./scripts/install-deps bench
+	cmake --preset bench
+	cmake --build --preset bench
+	./build/bench/bench/combine_benchmark
