@@ -134,22 +134,22 @@ double RvLine2D::GetAngleDef(RvLine2D& o) {
 }
 
 RvLine2D RvLine2D::GetNormalLine2D(RvPoint3D& p) {
-    const RvPoint2D& a = (*this)[0];
-    const RvPoint2D& b = (*this)[1];
+    return RvLine2D(p, NormalFoot2D((*this)[0], (*this)[1], p));
+}
+
+RvPoint3D RvLine2D::NormalFoot2D(const RvPoint3D& a, const RvPoint3D& b, const RvPoint3D& p) {
     const double dx = b.x - a.x;
     const double dy = b.y - a.y;
-    RvPoint3D foot;
     if (std::fabs(dx) < 0.1) {
-        foot = std::fabs(dy) >= 0.1 ? RvPoint3D(a.x, p.y, 0) : RvPoint3D(a.x, a.y, 0);
-    } else if (std::fabs(dy) < 0.1) {
-        foot = RvPoint3D(p.x, a.y, 0);
-    } else {
-        const double m = dx / dy;
-        const double n = dy / dx;
-        const double w = ((p.x - a.x) * m + (p.y - a.y)) / (m + n);
-        foot = RvPoint3D(a.x + w, a.y + n * w, 0);
+        return std::fabs(dy) >= 0.1 ? RvPoint3D(a.x, p.y, 0) : RvPoint3D(a.x, a.y, 0);
     }
-    return RvLine2D(p, foot);
+    if (std::fabs(dy) < 0.1) {
+        return RvPoint3D(p.x, a.y, 0);
+    }
+    const double m = dx / dy;
+    const double n = dy / dx;
+    const double w = ((p.x - a.x) * m + (p.y - a.y)) / (m + n);
+    return RvPoint3D(a.x + w, a.y + n * w, 0);
 }
 
 RvLine2D RvLine2D::GetNormalLine3D(RvPoint3D& p) {

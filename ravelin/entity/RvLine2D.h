@@ -43,6 +43,8 @@ public:
     /// The line from `p` to its foot on this line, on `x`, `y`; the foot has `z` 0. Lines within
     /// 0.1 of an axis direction are taken as axis-parallel.
     RvLine2D GetNormalLine2D(RvPoint3D& p);
+    /// The foot of GetNormalLine2D for the line through `a` and `b`, without building lines.
+    static RvPoint3D NormalFoot2D(const RvPoint3D& a, const RvPoint3D& b, const RvPoint3D& p);
     /// The line from `p` to its foot on this line, in space; the foot is `a` for a line shorter
     /// than 0.1.
     RvLine2D GetNormalLine3D(RvPoint3D& p);

@@ -144,9 +144,7 @@ int RvPolygon2D::PointOnEdge2D(const RvPoint2D& p, int n, int& a, int& b) const 
         const int j = i == 0 ? n - 1 : i - 1;
         const RvPoint2D& vi = CheckedAt(*this, i);
         const RvPoint2D& vj = CheckedAt(*this, j);
-        RvPoint3D position = p;
-        const RvLine2D normal = RvLine2D(vi, vj).GetNormalLine2D(position);
-        const RvPoint2D& f = normal[1];
+        const RvPoint2D f = RvLine2D::NormalFoot2D(vi, vj, p);
         if (!p.IsEqual2D(f, 0.01)) {
             continue;
         }
