@@ -227,6 +227,48 @@ void ShowPolygons() {
     }
 }
 
+std::string RingText(const RvPolygon2D& ring) {
+    std::string text;
+    for (const RvPoint2D& v : ring) {
+        char point[48];
+        std::snprintf(point, sizeof point, "(%g, %g) ", Tidy(v.x2D), Tidy(v.y2D));
+        text += point;
+    }
+    return text;
+}
+
+// An L-shaped room and a square that covers its inner corner: the edges cross in four places.
+void ShowCombination() {
+    Heading("Boolean combination");
+    RvPolygon2D room;
+    for (const RvPoint2D& p : {RvPoint2D(0, 0), RvPoint2D(20, 0), RvPoint2D(20, 8), RvPoint2D(8, 8),
+                               RvPoint2D(8, 20), RvPoint2D(0, 20)}) {
+        room.push_back(p);
+    }
+    RvPolygon2D square;
+    AppendSquareRing(square, 4, 14);
+    std::printf("  L shape: %s\n", RingText(room).c_str());
+    std::printf("  square:  %s\n", RingText(square).c_str());
+    const struct {
+        const char* name;
+        _RvCombineMode mode;
+    } modes[] = {{"difference", CombineDifference},
+                 {"intersection", CombineIntersection},
+                 {"union", CombineUnion}};
+    for (const auto& m : modes) {
+        std::vector<RvPolygon2D> rings;
+        room.Combine(square, m.mode, rings);
+        double area = 0;
+        for (const RvPolygon2D& ring : rings) {
+            area += ring.GetPlochu();
+        }
+        std::printf("  %s: %zu ring(s), area %g\n", m.name, rings.size(), area);
+        for (const RvPolygon2D& ring : rings) {
+            std::printf("    %s\n", RingText(ring).c_str());
+        }
+    }
+}
+
 int main() {
     std::printf("Ravelin: what the library does so far\n");
     ShowTolerances();
@@ -238,5 +280,6 @@ int main() {
     ShowPaths();
     ShowDrawing();
     ShowPolygons();
+    ShowCombination();
     return 0;
 }
