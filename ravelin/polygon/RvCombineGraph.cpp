@@ -143,32 +143,38 @@ void RvCombineGraph::LinkNode(_RvIntersection& r) {
             o.m_nPrevB == r.m_nPrevB && o.m_Point == r.m_Point) {
             continue;
         }
+        const bool insideEdgeA = r.m_nIndexA == r.m_nPrevA;
+        const bool insideEdgeB = r.m_nIndexB == r.m_nPrevB;
         if (r.m_nIndexA == o.m_nPrevA && r.m_nIndexA != -1) {
-            Offer(r, k, 0, 1);
+            Offer(r, k, 0, 1, insideEdgeA);
         }
         if (r.m_nPrevA == o.m_nIndexA && r.m_nIndexA != -1) {
-            Offer(r, k, 1, 0);
+            Offer(r, k, 1, 0, insideEdgeA);
         }
         if (r.m_nIndexB == o.m_nPrevB && r.m_nIndexB != -1) {
-            Offer(r, k, 2, 3);
+            Offer(r, k, 2, 3, insideEdgeB);
         }
         if (r.m_nPrevB == o.m_nIndexB && r.m_nIndexB != -1) {
-            Offer(r, k, 3, 2);
+            Offer(r, k, 3, 2, insideEdgeB);
         }
     }
 }
 
-// Offers node `o` to the pair of slots `preferred` and `other` of `r`. Each slot of the pair
-// ends up with the nearest node in its own direction from `r`. An empty preferred slot does not
-// take a node that lies the way the other slot's node lies: there the two compete instead, since
-// otherwise two nodes inside one edge could fill both slots with the same neighbour and lose
-// the neighbour on the far side.
-void RvCombineGraph::Offer(_RvIntersection& r, int o, int preferred, int other) {
+// Offers node `o` to the pair of slots `preferred` and `other` of `r`: each slot of the pair
+// ends up with the nearest node in its own direction from `r`.
+//
+// For `r` inside an edge of the polygon (`insideEdge`), a node on the same edge is offered to
+// both slots, and the empty preferred slot could then take the very node that the other slot
+// holds, losing the neighbour on the far side. There, an empty slot does not take a node that
+// lies the way the other slot's node lies: the two compete instead. At a vertex the two slots
+// face two different edges, and an empty slot always takes the node, however narrow the corner.
+void RvCombineGraph::Offer(_RvIntersection& r, int o, int preferred, int other, bool insideEdge) {
     int& first = r.m_aLink[preferred];
     int& second = r.m_aLink[other];
     const RvPoint2D& p = m_nodes[o].m_Point;
     if (first == -1) {
-        if (second != -1 && r.m_Point.IsEqualOrientation(m_nodes[second].m_Point, p) == 1) {
+        if (insideEdge && second != -1 &&
+            r.m_Point.IsEqualOrientation(m_nodes[second].m_Point, p) == 1) {
             if (IsNearer(r, second, o)) {
                 second = o;
             }

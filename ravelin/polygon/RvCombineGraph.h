@@ -47,7 +47,7 @@ private:
     void AppendVertexNodesB();
     void AppendCrossingNodes();
     void LinkNode(_RvIntersection& r);
-    void Offer(_RvIntersection& r, int o, int preferred, int other);
+    void Offer(_RvIntersection& r, int o, int preferred, int other, bool insideEdge);
     bool IsNearer(const _RvIntersection& r, int held, int o) const;
     int ClassOf(const _RvIntersection& r, int slot);
     int SharedEdgeClass(const _RvIntersection& r, const _RvIntersection& o, const RvPoint2D& m);
