@@ -38,21 +38,6 @@ testing::AssertionResult IsAt(const RvPoint2D& p, double x, double y, double tol
     return ValuesNear(p, x, y, 0, x, y, tol);
 }
 
-// Whether two entities hold the same vertices, all five values exactly.
-testing::AssertionResult SameVertices(const RvDrawEntity& a, const RvDrawEntity& b) {
-    if (a.size() != b.size()) {
-        return testing::AssertionFailure() << a.size() << " vertices against " << b.size();
-    }
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        const RvPoint2D& p = a[i];
-        const RvPoint2D& q = b[i];
-        if (p.x != q.x || p.y != q.y || p.z != q.z || p.x2D != q.x2D || p.y2D != q.y2D) {
-            return testing::AssertionFailure() << "vertex " << i << " differs";
-        }
-    }
-    return testing::AssertionSuccess();
-}
-
 const RvPoint3D kUp(0, 0, 1);
 
 }  // namespace

@@ -16,6 +16,7 @@ using ravelin::testing_support::ExpectPlanarNear;
 using ravelin::testing_support::PlanarIs;
 using ravelin::testing_support::PointIs;
 using ravelin::testing_support::Ring;
+using ravelin::testing_support::SameVertices;
 
 namespace {
 
@@ -92,22 +93,6 @@ testing::AssertionResult SameRings(const Rings& rings, const Rings& expected) {
     return testing::AssertionSuccess();
 }
 
-// Whether `a` and `b` hold the same vertices in the same order, all five values of each equal:
-// a copy, not a recomputed ring.
-testing::AssertionResult Identical(const RvPolygon2D& a, const RvPolygon2D& b) {
-    if (a.size() != b.size()) {
-        return testing::AssertionFailure() << a.size() << " vertices instead of " << b.size();
-    }
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        const RvPoint2D& p = a[i];
-        const RvPoint2D& q = b[i];
-        if (p.x != q.x || p.y != q.y || p.z != q.z || p.x2D != q.x2D || p.y2D != q.y2D) {
-            return testing::AssertionFailure() << "vertex " << i << " differs";
-        }
-    }
-    return testing::AssertionSuccess();
-}
-
 // =============================================================================================
 // RemovePolygons
 
@@ -124,7 +109,7 @@ TEST(RvPolygon2DRemovePolygons, WithNothingToRemoveAppendsThisPolygonUnchanged) 
     Rings out;
     a.RemovePolygons(removed, out);
     ASSERT_EQ(out.size(), 1u);
-    EXPECT_TRUE(Identical(out[0], a));
+    EXPECT_TRUE(SameVertices(out[0], a));
 }
 
 // The square lies wholly inside the polygon removed: every link of the square is inside the
@@ -198,8 +183,8 @@ TEST(RvPolygon2DRemovePolygons, AnEmptyPolygonRemovedAppendsTheLastRingsAgainPer
     a.RemovePolygons(removed, out);
     ASSERT_EQ(out.size(), 4u);
     EXPECT_TRUE(SameRings(Rings{out[0], out[1]}, {Square(), Box(2, 2, 8, 8)}));
-    EXPECT_TRUE(Identical(out[2], out[0]));
-    EXPECT_TRUE(Identical(out[3], out[1]));
+    EXPECT_TRUE(SameVertices(out[2], out[0]));
+    EXPECT_TRUE(SameVertices(out[3], out[1]));
 }
 
 // An empty polygon removed first finds the work vector still empty: nothing is appended for
@@ -222,7 +207,7 @@ TEST(RvPolygon2DRemovePolygons, AnEmptyPolygonInOutRepeatsTheRingsOfTheOneBefore
     a.RemovePolygons(removed, out);
     ASSERT_EQ(out.size(), 3u);
     EXPECT_TRUE(SameRing(out[0], Box(20, 0, 25, 10)));
-    EXPECT_TRUE(Identical(out[1], out[0]));
+    EXPECT_TRUE(SameVertices(out[1], out[0]));
     EXPECT_TRUE(SameRing(out[2], Square()));
 }
 
@@ -242,13 +227,13 @@ TEST(RvPolygon2DIntersectPolygons, APolygonInsideIsCopiedAsItIs) {
     Rings out;
     a.IntersectPolygons(Rings{inner}, out);
     ASSERT_EQ(out.size(), 1u);
-    EXPECT_TRUE(Identical(out[0], inner));
+    EXPECT_TRUE(SameVertices(out[0], inner));
 
     Rings combined;
     ASSERT_TRUE(a.Combine(inner, CombineIntersection, combined));
     ASSERT_EQ(combined.size(), 1u);
     EXPECT_TRUE(SameRing(combined[0], Box(2, 2, 8, 8)));
-    EXPECT_FALSE(Identical(combined[0], inner));
+    EXPECT_FALSE(SameVertices(combined[0], inner));
 }
 
 TEST(RvPolygon2DIntersectPolygons, AnOverlappingPolygonGivesTheCommonPart) {
@@ -274,8 +259,8 @@ TEST(RvPolygon2DIntersectPolygons, APolygonInsideAfterAnOverlapAppendsTheFirstRe
     a.IntersectPolygons(Rings{Box(5, 5, 15, 15), inner}, out);
     ASSERT_EQ(out.size(), 3u);
     EXPECT_TRUE(SameRing(out[0], Box(5, 5, 10, 10)));
-    EXPECT_TRUE(Identical(out[1], out[0]));
-    EXPECT_TRUE(Identical(out[2], inner));
+    EXPECT_TRUE(SameVertices(out[1], out[0]));
+    EXPECT_TRUE(SameVertices(out[2], inner));
 }
 
 // In the other order the combination clears R first: {inner}, then {S}, with no repetition.
@@ -285,7 +270,7 @@ TEST(RvPolygon2DIntersectPolygons, AnOverlapAfterAPolygonInsideRepeatsNothing) {
     Rings out;
     a.IntersectPolygons(Rings{inner, Box(5, 5, 15, 15)}, out);
     ASSERT_EQ(out.size(), 2u);
-    EXPECT_TRUE(Identical(out[0], inner));
+    EXPECT_TRUE(SameVertices(out[0], inner));
     EXPECT_TRUE(SameRing(out[1], Box(5, 5, 10, 10)));
 }
 
@@ -297,9 +282,9 @@ TEST(RvPolygon2DIntersectPolygons, TwoPolygonsInsideGiveTheFirstTwice) {
     Rings out;
     a.IntersectPolygons(Rings{first, second}, out);
     ASSERT_EQ(out.size(), 3u);
-    EXPECT_TRUE(Identical(out[0], first));
-    EXPECT_TRUE(Identical(out[1], first));
-    EXPECT_TRUE(Identical(out[2], second));
+    EXPECT_TRUE(SameVertices(out[0], first));
+    EXPECT_TRUE(SameVertices(out[1], first));
+    EXPECT_TRUE(SameVertices(out[2], second));
 }
 
 TEST(RvPolygon2DIntersectPolygons, NeverClearsOut) {
@@ -309,13 +294,13 @@ TEST(RvPolygon2DIntersectPolygons, NeverClearsOut) {
     Rings out{before};
     a.IntersectPolygons(Rings{inner}, out);
     ASSERT_EQ(out.size(), 2u);
-    EXPECT_TRUE(Identical(out[0], before));
-    EXPECT_TRUE(Identical(out[1], inner));
+    EXPECT_TRUE(SameVertices(out[0], before));
+    EXPECT_TRUE(SameVertices(out[1], inner));
 
     // A disjoint polygon adds nothing and takes nothing away either.
     a.IntersectPolygons(Rings{Box(20, 0, 30, 10)}, out);
     ASSERT_EQ(out.size(), 2u);
-    EXPECT_TRUE(Identical(out[0], before));
+    EXPECT_TRUE(SameVertices(out[0], before));
 }
 
 // A polygon that touches the boundary from inside at one vertex is not inside; it goes through
@@ -614,7 +599,7 @@ TEST(RvPolygon2DGetClosedInterPolygon, LeavesThePolygonUnchanged) {
     _RvInterPoint hit;
     RvPolygon2D out;
     ASSERT_TRUE(square.GetClosedInterPolygon(start, RvPoint3D(0, -1, 0), 1, hit, out));
-    EXPECT_TRUE(Identical(square, Square()));
+    EXPECT_TRUE(SameVertices(square, Square()));
 }
 
 }  // namespace

@@ -182,6 +182,22 @@ inline void ExpectXyzNear(const RvPoint3D& p, double x, double y, double z, doub
     EXPECT_NEAR(p.z, z, tol);
 }
 
+// Whether two entities hold the same vertices in the same order, all five values exactly: a
+// copy, not a recomputed ring.
+inline testing::AssertionResult SameVertices(const RvDrawEntity& a, const RvDrawEntity& b) {
+    if (a.size() != b.size()) {
+        return testing::AssertionFailure() << a.size() << " vertices against " << b.size();
+    }
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        const RvPoint2D& p = a[i];
+        const RvPoint2D& q = b[i];
+        if (p.x != q.x || p.y != q.y || p.z != q.z || p.x2D != q.x2D || p.y2D != q.y2D) {
+            return testing::AssertionFailure() << "vertex " << i << " differs";
+        }
+    }
+    return testing::AssertionSuccess();
+}
+
 /// The planar pair of `p` exactly.
 inline testing::AssertionResult PlanarIs(const RvPoint2D& p, double x2D, double y2D) {
     if (p.x2D == x2D && p.y2D == y2D) {
