@@ -2,6 +2,7 @@
 #include <ravelin/ravelin.h>
 
 #include <cstdio>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -70,5 +71,16 @@ int main() {
     RvDrawEntity* head = path;
     RvDrawEntity::DeleteWholeList(&head);
     check(head == nullptr, "DeleteWholeList");
+
+    // Polygons combined by the library come back in the client's vector.
+    RvPolygon2D a;
+    RvPolygon2D b;
+    for (const auto& [x, y] : {std::pair{0.0, 0.0}, {10.0, 0.0}, {10.0, 10.0}, {0.0, 10.0}}) {
+        a.push_back(RvPoint2D(x, y));
+        b.push_back(RvPoint2D(x + 5, y + 5));
+    }
+    std::vector<RvPolygon2D> rings;
+    check(a.Combine(b, CombineUnion, rings) && rings.size() == 1 && rings[0].size() == 8,
+          "Combine");
     return failures == 0 ? 0 : 1;
 }
