@@ -33,3 +33,4 @@
 #include "ravelin/polygon/RvPolyPolygon2D.h"
 #include "ravelin/polygon/RvPolygon2D.h"
 #include "ravelin/skeleton/RvSkeleton.h"
+#include "ravelin/skeleton/SkeletonGeometry.h"

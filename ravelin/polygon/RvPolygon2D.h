@@ -241,6 +241,17 @@ public:
     bool GetClosedInterPolygon(_RvInterPoint start, RvPoint3D dir, int step, _RvInterPoint& hit,
                                RvPolygon2D& out);
 
+    // ---- Straight skeleton ----------------------------------------------------------------------
+
+    /// GetSkelet: the polygon's straight skeleton, made on first use. A counterclockwise polygon
+    /// is reversed in place first, since the skeleton shrinks clockwise contours. The skeleton
+    /// stays as made when the points change later.
+    RvSkeleton* GetSkelet();
+    /// GetExtendSKELET: appends the offset rings at the signed distance `offset` (negative
+    /// inwards), read from the skeleton, at the height of the first vertex. Nothing for a polygon
+    /// without vertices.
+    void GetExtendSKELET(double offset, std::vector<RvPolygon2D>& result);
+
 private:
     /// Destroys the skeleton held, if any.
     void DeleteSkeleton();
