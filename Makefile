@@ -22,3 +22,4 @@ bench:
 	cmake --preset bench
 	cmake --build --preset bench
 	./build/bench/bench/combine_benchmark
+	./build/bench/bench/skeleton_benchmark
