@@ -269,6 +269,33 @@ void ShowCombination() {
     }
 }
 
+// The straight skeleton of an L shape given clockwise, as the skeleton wants its boundary: its
+// arcs, then the rings that the wavefront reaches at two distances inwards.
+void ShowSkeleton() {
+    Heading("Straight skeleton");
+    RvPolygon2D shape;
+    for (const RvPoint2D& p : {RvPoint2D(0, 0), RvPoint2D(0, 10), RvPoint2D(4, 10), RvPoint2D(4, 4),
+                               RvPoint2D(10, 4), RvPoint2D(10, 0)}) {
+        shape.push_back(p);
+    }
+    std::printf("  L shape: %s\n", RingText(shape).c_str());
+    RvSkeleton skeleton(shape);
+    std::vector<RvPolyLine2D> arcs;
+    skeleton.GetSkeletonPolygons(0.0, arcs);
+    std::printf("  %zu arcs:\n", arcs.size());
+    for (const RvPolyLine2D& arc : arcs) {
+        std::printf("    (%g, %g) - (%g, %g)\n", arc[0].x2D, arc[0].y2D, arc[1].x2D, arc[1].y2D);
+    }
+    for (const double offset : {-0.5, -1.5}) {
+        std::vector<RvPolygon2D> rings;
+        skeleton.GetExtendPolygons(offset, 0.0, rings);
+        std::printf("  offset %g: %zu ring(s)\n", offset, rings.size());
+        for (const RvPolygon2D& ring : rings) {
+            std::printf("    %s\n", RingText(ring).c_str());
+        }
+    }
+}
+
 int main() {
     std::printf("Ravelin: what the library does so far\n");
     ShowTolerances();
@@ -281,5 +308,6 @@ int main() {
     ShowDrawing();
     ShowPolygons();
     ShowCombination();
+    ShowSkeleton();
     return 0;
 }
