@@ -82,5 +82,10 @@ int main() {
     std::vector<RvPolygon2D> rings;
     check(a.Combine(b, CombineUnion, rings) && rings.size() == 1 && rings[0].size() == 8,
           "Combine");
+
+    // The polygon's skeleton is made by the library and destroyed with the polygon.
+    std::vector<RvPolygon2D> inset;
+    a.GetExtendSKELET(-2.0, inset);
+    check(inset.size() == 1 && inset[0].size() == 4 && a.m_pSkeleton != nullptr, "GetExtendSKELET");
     return failures == 0 ? 0 : 1;
 }
