@@ -37,6 +37,7 @@
 #include <utility>
 #include <vector>
 
+#include "CollectingReporter.h"
 #include "ravelin/polygon/RvPolygon2D.h"
 #include "ravelin/skeleton/RvSkeleton.h"
 
@@ -343,29 +344,6 @@ void RegisterAll(const std::vector<std::unique_ptr<Inputs>>& inputs) {
         }
     }
 }
-
-// Prints as the console reporter does and keeps the CPU time per iteration, in milliseconds,
-// of every plain run.
-class CollectingReporter : public benchmark::ConsoleReporter {
-public:
-    std::map<std::string, double> cpuMs;
-
-    // Colours only on a terminal, as the default reporter does.
-    CollectingReporter() : ConsoleReporter(isatty(fileno(stdout)) ? OO_ColorTabular : OO_Tabular) {}
-
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) {
-            if (run.run_type != Run::RT_Iteration || run.error_occurred) {
-                continue;
-            }
-            cpuMs[run.run_name.function_name] =
-                run.GetAdjustedCPUTime() *
-                benchmark::GetTimeUnitMultiplier(benchmark::kMillisecond) /
-                benchmark::GetTimeUnitMultiplier(run.time_unit);
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-};
 
 // The ratio table. A construction that was not timed because its one run in the check took
 // longer than the limit is shown with that run's time, and its ratio is marked with '*'; one
