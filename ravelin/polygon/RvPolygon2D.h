@@ -241,6 +241,35 @@ public:
     bool GetClosedInterPolygon(_RvInterPoint start, RvPoint3D dir, int step, _RvInterPoint& hit,
                                RvPolygon2D& out);
 
+    // ---- Constant-distance offsets ----------------------------------------------------------
+    //
+    // A positive distance moves every edge away from the interior, a negative one towards it,
+    // whichever way the ring runs.
+
+    /// Set by FindOffsetCollision: 1 when its last answer was a true crossing, else 0. Shared by
+    /// all polygons and threads.
+    static int m_nOffsetCrossing;
+
+    /// Moves every vertex by the mitred corner shift at `distance`, in place, with no repair:
+    /// a shrinking past the polygon's size leaves an inverted or self-crossing ring.
+    void Extend(double distance);
+    /// Whether the ring has three vertices or more and an offset by `distance` leaves something:
+    /// always for distances above -1e-05, otherwise when some offset corner stays inside.
+    bool IsExtendable(double distance);
+    /// The ring of the edges that survive a shrinking by `distance` (negative), at their input
+    /// positions; a copy for a growing or too few vertices.
+    RvPolygon2D _GetReducedPolygon(double distance);
+    /// Appends the offset at `distance` as polygons: the shifted ring is cut where it crosses
+    /// itself or where edges flipped, and the parts on the proper side are kept.
+    void GetExtend(double distance, std::vector<RvPolygon2D>& result);
+    /// The offset as one polygon, walking the vertices as an open chain from the first to the
+    /// last: the first vertex stays, the closing edge is not offset, and edges that the new
+    /// segment would run into are jumped over. A failure of DajPriesecnik reaches the caller.
+    RvPolygon2D GetOffset(double distance);
+    /// The offset as one polygon, every edge of the closed ring shifted and each new line
+    /// trimming the result built so far.
+    RvPolygon2D GetExtendXX(double distance);
+
     // ---- Straight skeleton ----------------------------------------------------------------------
 
     /// GetSkelet: the polygon's straight skeleton, made on first use. A counterclockwise polygon
@@ -253,8 +282,23 @@ public:
     void GetExtendSKELET(double offset, std::vector<RvPolygon2D>& result);
 
 private:
+    /// Lets the tests drive the private steps of the offsets.
+    friend struct RvPolygon2DTestAccess;
+
     /// Destroys the skeleton held, if any.
     void DeleteSkeleton();
+
+    /// Whether `point` lies inside and at least |distance| from every edge, outside the cone of
+    /// each offset corner. `index` receives the end vertex of an edge found too near, and is
+    /// left alone otherwise.
+    bool TestOffsetPoint(RvPoint3D& point, double distance, int& index);
+    /// Strings the points from `cursor` to `end` into this polygon, splitting off into `result`
+    /// every loop closed by a repeated point, inner loops first.
+    void CollectLoops(iterator& cursor, iterator end, std::vector<RvPolygon2D>& result, bool top);
+    /// The first vertex from `first` to `last` whose incoming edge the offset segment `from`-`to`
+    /// crosses or comes nearer to than |distance|; `last` if none.
+    static iterator FindOffsetCollision(const RvPoint3D& from, const RvPoint3D& to, double distance,
+                                        const RvPoint3D& normal, iterator first, iterator last);
 };
 
 }  // namespace ravelin

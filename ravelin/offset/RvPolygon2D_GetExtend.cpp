@@ -1,0 +1,3 @@
+#include "ravelin/polygon/RvPolygon2D.h"
+
+namespace ravelin {}  // namespace ravelin
