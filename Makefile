@@ -23,3 +23,4 @@ bench:
 	cmake --build --preset bench
 	./build/bench/bench/combine_benchmark
 	./build/bench/bench/skeleton_benchmark
+	./build/bench/bench/offset_benchmark
