@@ -296,6 +296,27 @@ void ShowSkeleton() {
     }
 }
 
+// A U-shaped outline, concave, offset outwards and inwards by one distance: the repairing offset
+// cuts the shifted ring where it crosses itself and keeps the parts on the proper side.
+void ShowOffsets() {
+    Heading("Offsets");
+    RvPolygon2D shape;
+    for (const RvPoint2D& p :
+         {RvPoint2D(0, 0), RvPoint2D(30, 0), RvPoint2D(30, 20), RvPoint2D(20, 20), RvPoint2D(20, 8),
+          RvPoint2D(10, 8), RvPoint2D(10, 20), RvPoint2D(0, 20)}) {
+        shape.push_back(p);
+    }
+    std::printf("  U shape: %s\n", RingText(shape).c_str());
+    for (const double distance : {2.0, -2.0, -4.5}) {
+        std::vector<RvPolygon2D> rings;
+        shape.GetExtend(distance, rings);
+        std::printf("  GetExtend(%g): %zu polygon(s)\n", distance, rings.size());
+        for (const RvPolygon2D& ring : rings) {
+            std::printf("    %s\n", RingText(ring).c_str());
+        }
+    }
+}
+
 int main() {
     std::printf("Ravelin: what the library does so far\n");
     ShowTolerances();
@@ -309,5 +330,6 @@ int main() {
     ShowPolygons();
     ShowCombination();
     ShowSkeleton();
+    ShowOffsets();
     return 0;
 }
