@@ -5,12 +5,12 @@
 // Before anything is timed, every library computes every case once: the areas of the results are
 // printed side by side, so that the timed work is known to be the same work. The single Ravelin
 // run also serves as an estimate: a case whose one operation would take longer than the limit
-// (--ravelin_limit_s, 60 s by default; predicted from the next smaller size by the quadratic cost)
+// (--limit_s, 60 s by default; predicted from the next smaller size by the quadratic cost)
 // is reported as such and not timed.
 //
 // Extra flags, besides Google Benchmark's own:
 //   --sizes=100,1000,10000   the vertex counts per operand
-//   --ravelin_limit_s=60     the longest one Ravelin operation may take to be timed
+//   --limit_s=60     the longest one Ravelin operation may take to be timed
 
 #include <benchmark/benchmark.h>
 #include <geos_c.h>
@@ -45,6 +45,7 @@
 #include <utility>
 #include <vector>
 
+#include "BenchFlags.h"
 #include "CollectingReporter.h"
 #include "ravelin/numeric/RvPoint2D.h"
 #include "ravelin/polygon/RvIntersection.h"
@@ -643,36 +644,9 @@ void PrintRatios(const CollectingReporter& reporter, const std::vector<int>& siz
         "tenfold N.\n");
 }
 
-// Reads --sizes and --ravelin_limit_s; Google Benchmark has taken its own flags already.
-bool ParseOwnFlags(int argc, char** argv, std::vector<int>& sizes, double& limitSeconds) {
-    for (int i = 1; i < argc; ++i) {
-        const std::string arg = argv[i];
-        if (arg.rfind("--sizes=", 0) == 0) {
-            sizes.clear();
-            std::string rest = arg.substr(8);
-            std::size_t pos = 0;
-            while (pos <= rest.size()) {
-                const std::size_t comma = rest.find(',', pos);
-                const std::string item = rest.substr(pos, comma - pos);
-                const int n = std::atoi(item.c_str());
-                if (n < 3) {
-                    std::fprintf(stderr, "bad size '%s'\n", item.c_str());
-                    return false;
-                }
-                sizes.push_back(n);
-                if (comma == std::string::npos) {
-                    break;
-                }
-                pos = comma + 1;
-            }
-        } else if (arg.rfind("--ravelin_limit_s=", 0) == 0) {
-            limitSeconds = std::atof(arg.c_str() + 18);
-        } else {
-            std::fprintf(stderr, "unknown argument '%s'\n", arg.c_str());
-            return false;
-        }
-    }
-    return true;
+// The vertex counts this program's shapes can have.
+bool ValidSize(int n) {
+    return n >= 3;
 }
 
 }  // namespace
@@ -681,7 +655,7 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     std::vector<int> sizes = {100, 1000, 10000};
     double limitSeconds = 60.0;
-    if (!ParseOwnFlags(argc, argv, sizes, limitSeconds)) {
+    if (!ParseOwnFlags(argc, argv, sizes, limitSeconds, ValidSize, "a count of 3 or more")) {
         return 2;
     }
 

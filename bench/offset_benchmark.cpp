@@ -33,6 +33,7 @@
 #include <utility>
 #include <vector>
 
+#include "BenchFlags.h"
 #include "CollectingReporter.h"
 #include "ravelin/numeric/RvPoint2D.h"
 #include "ravelin/polygon/RvPolygon2D.h"
@@ -432,37 +433,9 @@ void PrintRatios(const CollectingReporter& reporter, const std::vector<int>& siz
         "sweep.\n");
 }
 
-// Reads --sizes and --limit_s; Google Benchmark has taken its own flags already.
-bool ParseOwnFlags(int argc, char** argv, std::vector<int>& sizes, double& limitSeconds) {
-    for (int i = 1; i < argc; ++i) {
-        const std::string arg = argv[i];
-        if (arg.rfind("--sizes=", 0) == 0) {
-            sizes.clear();
-            const std::string rest = arg.substr(8);
-            std::size_t pos = 0;
-            for (;;) {
-                const std::size_t comma = rest.find(',', pos);
-                const std::string item = rest.substr(pos, comma - pos);
-                const int n = std::atoi(item.c_str());
-                if (n < 3) {
-                    std::fprintf(stderr, "bad size '%s' (a count of 3 or more)\n", item.c_str());
-                    return false;
-                }
-                sizes.push_back(n);
-                if (comma == std::string::npos) {
-                    break;
-                }
-                pos = comma + 1;
-            }
-            std::sort(sizes.begin(), sizes.end());
-        } else if (arg.rfind("--limit_s=", 0) == 0) {
-            limitSeconds = std::atof(arg.c_str() + 10);
-        } else {
-            std::fprintf(stderr, "unknown argument '%s'\n", arg.c_str());
-            return false;
-        }
-    }
-    return true;
+// The vertex counts this program's shapes can have.
+bool ValidSize(int n) {
+    return n >= 3;
 }
 
 }  // namespace
@@ -471,7 +444,7 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     std::vector<int> sizes = {100, 1000, 10000};
     double limitSeconds = 60.0;
-    if (!ParseOwnFlags(argc, argv, sizes, limitSeconds)) {
+    if (!ParseOwnFlags(argc, argv, sizes, limitSeconds, ValidSize, "a count of 3 or more")) {
         return 2;
     }
     std::vector<std::unique_ptr<Inputs>> inputs;

@@ -37,6 +37,7 @@
 #include <utility>
 #include <vector>
 
+#include "BenchFlags.h"
 #include "CollectingReporter.h"
 #include "ravelin/polygon/RvPolygon2D.h"
 #include "ravelin/skeleton/RvSkeleton.h"
@@ -405,38 +406,9 @@ void PrintRatios(const CollectingReporter& reporter, const std::vector<int>& siz
         "an earlier meeting, so the run with many reflex vertices is quadratic in N.\n");
 }
 
-// Reads --sizes and --limit_s; Google Benchmark has taken its own flags already.
-bool ParseOwnFlags(int argc, char** argv, std::vector<int>& sizes, double& limitSeconds) {
-    for (int i = 1; i < argc; ++i) {
-        const std::string arg = argv[i];
-        if (arg.rfind("--sizes=", 0) == 0) {
-            sizes.clear();
-            const std::string rest = arg.substr(8);
-            std::size_t pos = 0;
-            for (;;) {
-                const std::size_t comma = rest.find(',', pos);
-                const std::string item = rest.substr(pos, comma - pos);
-                const int n = std::atoi(item.c_str());
-                if (n < 4 || n % 2 != 0) {
-                    std::fprintf(stderr, "bad size '%s' (an even count of 4 or more)\n",
-                                 item.c_str());
-                    return false;
-                }
-                sizes.push_back(n);
-                if (comma == std::string::npos) {
-                    break;
-                }
-                pos = comma + 1;
-            }
-            std::sort(sizes.begin(), sizes.end());
-        } else if (arg.rfind("--limit_s=", 0) == 0) {
-            limitSeconds = std::atof(arg.c_str() + 10);
-        } else {
-            std::fprintf(stderr, "unknown argument '%s'\n", arg.c_str());
-            return false;
-        }
-    }
-    return true;
+// The vertex counts this program's shapes can have.
+bool ValidSize(int n) {
+    return n >= 4 && n % 2 == 0;
 }
 
 }  // namespace
@@ -445,7 +417,7 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     std::vector<int> sizes = {100, 1000, 10000};
     double limitSeconds = 60.0;
-    if (!ParseOwnFlags(argc, argv, sizes, limitSeconds)) {
+    if (!ParseOwnFlags(argc, argv, sizes, limitSeconds, ValidSize, "an even count of 4 or more")) {
         return 2;
     }
     std::vector<std::unique_ptr<Inputs>> inputs;
