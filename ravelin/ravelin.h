@@ -3,9 +3,12 @@
 // Everything the library offers, in one include.
 
 #include "ravelin/RvExport.h"
+#include "ravelin/curve/RvNURBS.h"
+#include "ravelin/entity/RvArc2D.h"
 #include "ravelin/entity/RvDrawEntity.h"
 #include "ravelin/entity/RvLine2D.h"
 #include "ravelin/entity/RvPolyLine2D.h"
+#include "ravelin/entity/RvTextEntity.h"
 #include "ravelin/numeric/CMatrix.h"
 #include "ravelin/numeric/Number.h"
 #include "ravelin/numeric/RvPlane.h"
