@@ -317,6 +317,91 @@ void ShowOffsets() {
     }
 }
 
+void PrintCalls(const char* title, CRecordingDC& dc) {
+    std::printf("  %s\n", title);
+    for (const std::string& call : dc.Descriptions()) {
+        std::printf("    %s\n", call.c_str());
+    }
+}
+
+// One entity of each kind drawn on a recording device, with the calls each makes.
+void ShowEveryEntity() {
+    Heading("Every entity on a recording device");
+    {
+        RvPolygon2D square;
+        AppendSquareRing(square, 0, 10);
+        square.m_bDrawEdges = true;
+        CRecordingDC dc;
+        square.Draw(&dc);
+        PrintCalls("polygon with its outline:", dc);
+    }
+    {
+        RvPolyPolygon2D withHole;
+        AppendSquareRing(withHole, 0, 10);
+        withHole.AddCount(5);
+        AppendSquareRing(withHole, 3, 7);
+        withHole.AddCount(5);
+        CRecordingDC dc;
+        withHole.Draw(&dc);
+        PrintCalls("polygon with a hole, without outline:", dc);
+    }
+    {
+        // A filled quarter disc of radius 10, sampled at every 30 degrees, closed at the centre.
+        RvArc2D arc;
+        arc.m_dRadius = 10;
+        arc.m_dAngle1 = 0;
+        arc.m_dAngle2 = std::numbers::pi / 2;
+        arc.m_center = RvPoint2D(0, 0);
+        for (int k = 0; k <= 3; ++k) {
+            const double a = k * std::numbers::pi / 6;
+            arc.push_back(RvPoint2D(10 * std::cos(a), 10 * std::sin(a)));
+        }
+        double radius = 0;
+        double from = 0;
+        double to = 0;
+        Print("arc confirmed on its circle?", arc.IsArc2D(radius, from, to) == 1);
+        arc.push_back(RvPoint2D(0, 0));
+        arc.m_bFilled = true;
+        CRecordingDC dc;
+        arc.Draw(&dc);
+        PrintCalls("filled arc:", dc);
+    }
+    {
+        // A text stretched along a 100-pixel frame.
+        RvTextEntity text;
+        for (const RvPoint2D& p :
+             {RvPoint2D(0, 0), RvPoint2D(0, 20), RvPoint2D(100, 20), RvPoint2D(100, 0)}) {
+            text.push_back(p);
+        }
+        text.SetText("Ravelin");
+        tagLOGFONTA font{};
+        font.lfHeight = 20;
+        text.CreateFontIndirectA(&font);
+        CRecordingDC dc;
+        text.Draw(&dc);
+        PrintCalls("text of height 20 in a frame 100 wide:", dc);
+    }
+    {
+        // The quarter of the unit circle as a rational quadratic, scaled by 10.
+        RvNURBS curve;
+        curve.SetExponent(2);
+        curve.SetNumberOfControlPoints(3);
+        curve.SetNumberOfKnots(6);
+        curve.SetSegmentLenght(5);
+        curve.AddControlPoint(NURBSPoint(10, 0, 0, 1));
+        curve.AddControlPoint(NURBSPoint(10, 10, 0, std::numbers::sqrt2 / 2));
+        curve.AddControlPoint(NURBSPoint(0, 10, 0, 1));
+        for (const double k : {0.0, 0.0, 0.0, 1.0, 1.0, 1.0}) {
+            curve.AddKnot(k);
+        }
+        RvPolyLine2D sampled;
+        curve.GetPolyLine(&sampled);
+        CRecordingDC dc;
+        sampled.Draw(&dc);
+        PrintCalls("NURBS quarter circle, sampled:", dc);
+    }
+}
+
 int main() {
     std::printf("Ravelin: what the library does so far\n");
     ShowTolerances();
@@ -331,5 +416,6 @@ int main() {
     ShowCombination();
     ShowSkeleton();
     ShowOffsets();
+    ShowEveryEntity();
     return 0;
 }
