@@ -45,8 +45,7 @@
 #include <utility>
 #include <vector>
 
-#include "BenchFlags.h"
-#include "CollectingReporter.h"
+#include "BenchSupport.h"
 #include "ravelin/numeric/RvPoint2D.h"
 #include "ravelin/polygon/RvIntersection.h"
 #include "ravelin/polygon/RvPolygon2D.h"
@@ -558,15 +557,7 @@ void RegisterAll(const std::vector<std::unique_ptr<Inputs>>& inputs) {
                                                                benchmark::DoNotOptimize(out);
                                                            }
                                                        });
-                b->Unit(benchmark::kMillisecond);
-                // An operation that took a second or more in the check is timed once, one of
-                // 0.2 s or more three times, shorter ones as often as Google Benchmark likes.
-                const double seconds = g_ravelinSeconds.at(key);
-                if (seconds >= 1.0) {
-                    b->Iterations(1);
-                } else if (seconds >= 0.2) {
-                    b->Iterations(3);
-                }
+                SetIterations(b, g_ravelinSeconds.at(key));
             }
             benchmark::RegisterBenchmark(BenchmarkName("Clipper", op, in->n).c_str(),
                                          [in, o](benchmark::State& state) {

@@ -33,8 +33,7 @@
 #include <utility>
 #include <vector>
 
-#include "BenchFlags.h"
-#include "CollectingReporter.h"
+#include "BenchSupport.h"
 #include "ravelin/numeric/RvPoint2D.h"
 #include "ravelin/polygon/RvPolygon2D.h"
 
@@ -305,17 +304,6 @@ void CheckPass(const std::vector<std::unique_ptr<Inputs>>& inputs, double limitS
 std::string BenchmarkName(int method, int direction, int n) {
     return std::string("BM_") + kMethodNames[method] + "/" + kDirections[direction].name + "/" +
            std::to_string(n);
-}
-
-// An offset that took a second or more in the check is timed once, one of 0.2 s or more three
-// times, shorter ones as often as Google Benchmark likes.
-void SetIterations(benchmark::internal::Benchmark* b, double seconds) {
-    b->Unit(benchmark::kMillisecond);
-    if (seconds >= 1.0) {
-        b->Iterations(1);
-    } else if (seconds >= 0.2) {
-        b->Iterations(3);
-    }
 }
 
 void RegisterOne(Inputs* in, int method, int direction) {

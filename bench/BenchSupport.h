@@ -1,13 +1,21 @@
 #pragma once
 
-// The flags that the benchmark programs in this directory take besides Google Benchmark's own:
+// What the benchmark programs in this directory share: their own flags besides Google
+// Benchmark's, how often a slow operation is timed, and a console reporter that keeps each run's
+// time so that a program can print ratios after the runs.
+//
+// The flags:
 //   --sizes=a,b,c   the vertex counts to run, in rising order
 //   --limit_s=S     the longest single operation that is timed, in seconds
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -46,3 +54,37 @@ inline bool ParseOwnFlags(int argc, char** argv, std::vector<int>& sizes, double
     }
     return true;
 }
+
+// An operation that took a second or more in the check is timed once, one of 0.2 s or more three
+// times, shorter ones as often as Google Benchmark likes.
+inline void SetIterations(benchmark::internal::Benchmark* b, double seconds) {
+    b->Unit(benchmark::kMillisecond);
+    if (seconds >= 1.0) {
+        b->Iterations(1);
+    } else if (seconds >= 0.2) {
+        b->Iterations(3);
+    }
+}
+
+// Prints as the console reporter does and keeps the CPU time per iteration, in milliseconds,
+// of every plain run.
+class CollectingReporter : public benchmark::ConsoleReporter {
+public:
+    std::map<std::string, double> cpuMs;
+
+    // Colours only on a terminal, as the default reporter does.
+    CollectingReporter() : ConsoleReporter(isatty(fileno(stdout)) ? OO_ColorTabular : OO_Tabular) {}
+
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) {
+            if (run.run_type != Run::RT_Iteration || run.error_occurred) {
+                continue;
+            }
+            cpuMs[run.run_name.function_name] =
+                run.GetAdjustedCPUTime() *
+                benchmark::GetTimeUnitMultiplier(benchmark::kMillisecond) /
+                benchmark::GetTimeUnitMultiplier(run.time_unit);
+        }
+        ConsoleReporter::ReportRuns(runs);
+    }
+};
