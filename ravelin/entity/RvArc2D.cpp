@@ -12,7 +12,6 @@ namespace ravelin {
 
 namespace {
 
-constexpr double kTwoPi = 6.283185307179586;
 // The bound of the last normalisation of IsArc2D lies 1e-06 below two pi.
 constexpr double kAlmostTwoPi = 6.283184307179586;
 

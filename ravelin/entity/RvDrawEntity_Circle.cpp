@@ -9,8 +9,6 @@ namespace ravelin {
 
 namespace {
 
-constexpr double kTwoPi = 6.283185307179586;
-
 bool WithinSegment(double v) {
     return -1e-06 < v && v < 1.000001;
 }

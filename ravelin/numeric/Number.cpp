@@ -6,9 +6,6 @@ namespace ravelin {
 
 namespace {
 
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
-
 // Beyond this magnitude the angle is first brought near the band by a remainder, instead of
 // subtracting 2 pi a step at a time, which could take a very long time or, for huge values,
 // never change the value at all.

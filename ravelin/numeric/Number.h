@@ -96,9 +96,17 @@ struct NumberInterval {
     constexpr bool IsOutsideOrOnEnd(const Number& p) const { return p <= low || p >= high; }
 };
 
+/// Pi and two pi, as every angle computation of the library writes them.
+inline constexpr double kPi = 3.141592653589793;
+inline constexpr double kTwoPi = 6.283185307179586;
+
 /// Reduces an angle in radians to the band from -pi to pi. An angle within 5e-07 of +pi goes to
 /// the negative end, so that two directions that differ only by the wrap compare equal.
 /// Infinite and NaN angles are left as they are. Returns `a`.
 RAVELIN_API double& NormalizeAngle(double& a);
+/// NormalizeAngle on a copy: the reduced value of `a`.
+inline double NormalizedAngle(double a) {
+    return NormalizeAngle(a);
+}
 
 }  // namespace ravelin

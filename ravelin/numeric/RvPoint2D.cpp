@@ -14,11 +14,9 @@ namespace {
 constexpr double kQuarterPi = 0.7853981633974483;
 constexpr double kHalfPi = 1.5707963267948966;
 constexpr double kThreeQuarterPi = 2.356194490192345;
-constexpr double kPi = 3.141592653589793;
 constexpr double kFiveQuarterPi = 3.9269908169872414;
 constexpr double kThreeHalfPi = 4.71238898038469;
 constexpr double kSevenQuarterPi = 5.497787143782138;
-constexpr double kTwoPi = 6.283185307179586;
 constexpr double kCursorDiagonal = 1.4142;
 
 // An angle in [0, 2 pi) folded onto the nearest axis direction, into [-pi/4, pi/4].

@@ -10,8 +10,6 @@ namespace ravelin {
 
 namespace {
 
-constexpr double kPi = 3.141592653589793;
-
 // The planar pair of each vertex, in stored order.
 std::vector<Point> ContourOf(const RvPolygon2D& polygon) {
     std::vector<Point> contour;

@@ -8,14 +8,6 @@ namespace ravelin {
 
 namespace {
 
-double Normalized(double a) {
-    return NormalizeAngle(a);
-}
-
-Point Midpoint(const Point& a, const Point& b) {
-    return Point{(a.x + b.x) * 0.5, (a.y + b.y) * 0.5};
-}
-
 // Where the bisectors of `v` and its neighbour `n` meet. Two bisectors that face each other on
 // one line are not an event, although the rays meet halfway.
 Point MeetingWithNeighbour(const SkeletonVertex& v, const SkeletonVertex& n) {
@@ -50,7 +42,7 @@ SkeletonEvent::SkeletonEvent(RvSkeleton& s, SkeletonVertex& v)
     SkeletonVertex* splitLeft = nullptr;
     SkeletonVertex* splitRight = nullptr;
     // A reflex vertex whose two edges still meet at it can split an opposite edge.
-    if (Number(Normalized(v.prevEdge.angle - v.nextEdge.angle)) > 0) {
+    if (Number(NormalizedAngle(v.prevEdge.angle - v.nextEdge.angle)) > 0) {
         const Point q = IntersectRays(v.prevEdge, v.nextEdge);
         if (q == v.point || IsInfinite(q)) {
             d3 = s.FindSplitEvent(v, splitLeft, splitRight, p);
@@ -124,10 +116,10 @@ Point RvSkeleton::TestSplitCandidate(const SkeletonVertex& v, const SkeletonVert
         return InfinitePoint();
     }
     const Point meet = ComputeSplitPoint(v, left, right);
-    const double al = Normalized(left.bisector.angle - left.nextEdge.angle);
-    const double ar = Normalized(right.bisector.angle - right.prevEdge.angle);
-    const double alp = Normalized(SkeletonRay(left.point, meet).angle - left.nextEdge.angle);
-    const double arp = Normalized(SkeletonRay(right.point, meet).angle - right.prevEdge.angle);
+    const double al = NormalizedAngle(left.bisector.angle - left.nextEdge.angle);
+    const double ar = NormalizedAngle(right.bisector.angle - right.prevEdge.angle);
+    const double alp = NormalizedAngle(SkeletonRay(left.point, meet).angle - left.nextEdge.angle);
+    const double arp = NormalizedAngle(SkeletonRay(right.point, meet).angle - right.prevEdge.angle);
     if ((Number(alp) > 0 || Number(alp) < al) && !(Number(alp) == 0) && !(Number(alp) == al)) {
         return InfinitePoint();
     }

@@ -8,17 +8,6 @@ namespace ravelin {
 
 namespace {
 
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
-
-double Normalized(double a) {
-    return NormalizeAngle(a);
-}
-
-Point Midpoint(const Point& a, const Point& b) {
-    return Point{(a.x + b.x) * 0.5, (a.y + b.y) * 0.5};
-}
-
 // The determinant of the two directions; zero for parallel rays.
 double Determinant(const SkeletonRay& a, const SkeletonRay& b) {
     return std::cos(a.angle) * std::sin(b.angle) - std::cos(b.angle) * std::sin(a.angle);
@@ -61,6 +50,10 @@ bool IntersectAtOrigins(const SkeletonRay& a, const SkeletonRay& b, Point& out) 
 
 }  // namespace
 
+Point Midpoint(const Point& a, const Point& b) {
+    return Point{(a.x + b.x) * 0.5, (a.y + b.y) * 0.5};
+}
+
 bool Point::operator==(const Point& o) const {
     return x - o.x < Number::kBand && o.x - x < Number::kBand && y - o.y < Number::kBand &&
            o.y - y < Number::kBand;
@@ -75,7 +68,7 @@ bool IsInfinite(const Point& p) {
 }
 
 SkeletonRay::SkeletonRay(const Point& from, const Point& towards)
-    : origin(from), angle(Normalized(std::atan2(towards.y - from.y, towards.x - from.x))) {}
+    : origin(from), angle(NormalizedAngle(std::atan2(towards.y - from.y, towards.x - from.x))) {}
 
 double PointDistance(const Point& a, const Point& b) {
     const double dx = b.x - a.x;
@@ -86,7 +79,7 @@ double PointDistance(const Point& a, const Point& b) {
 SkeletonRay OppositeRay(const SkeletonRay& r) {
     SkeletonRay o;
     o.origin = r.origin;
-    o.angle = Normalized(r.angle + kPi);
+    o.angle = NormalizedAngle(r.angle + kPi);
     return o;
 }
 
@@ -98,9 +91,9 @@ bool PointOnRay(const Point& p, const SkeletonRay& r) {
 }
 
 bool RaysParallel(const SkeletonRay& a, const SkeletonRay& b) {
-    const double na = Normalized(a.angle);
-    const double nb = Normalized(b.angle);
-    const double opposite = Normalized(a.angle + kPi);
+    const double na = NormalizedAngle(a.angle);
+    const double nb = NormalizedAngle(b.angle);
+    const double opposite = NormalizedAngle(a.angle + kPi);
     return Number(nb) == na || Number(nb) == opposite;
 }
 
@@ -112,7 +105,7 @@ SkeletonRay BisectorRay(const Point& b, const Point& a, const Point& c) {
     }
     SkeletonRay r;
     r.origin = b;
-    r.angle = Normalized((gamma + alpha) * 0.5);
+    r.angle = NormalizedAngle((gamma + alpha) * 0.5);
     return r;
 }
 

@@ -33,6 +33,8 @@ struct RAVELIN_API SkeletonRay {
     SkeletonRay(const Point& origin, const Point& towards);
 };
 
+/// The point halfway between `a` and `b`, each coordinate (sum) * 0.5.
+RAVELIN_API Point Midpoint(const Point& a, const Point& b);
 /// The Euclidean distance.
 RAVELIN_API double PointDistance(const Point& a, const Point& b);
 /// The same origin, the opposite direction.
