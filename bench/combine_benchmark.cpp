@@ -52,6 +52,8 @@
 
 namespace {
 
+using ravelin::kPi;
+
 namespace bg = boost::geometry;
 
 using ravelin::RvPoint2D;
@@ -66,8 +68,6 @@ using BgMultiPolygon = bg::model::multi_polygon<BgPolygon>;
 // far inside its range and the rounding (0.0005 units at most) is well below Ravelin's own 0.01
 // tolerance.
 constexpr double kClipperScale = 1000.0;
-
-constexpr double kPi = 3.14159265358979323846;
 
 // ---------------------------------------------------------------------------------------------
 // Operations

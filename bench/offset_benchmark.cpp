@@ -39,12 +39,12 @@
 
 namespace {
 
+using ravelin::kPi;
+
 namespace cl = ClipperLib;
 
 using ravelin::RvPoint2D;
 using ravelin::RvPolygon2D;
-
-constexpr double kPi = 3.14159265358979323846;
 
 // Clipper gets integers: the coordinates times 1000, rounded, as in combine_benchmark.
 constexpr double kScale = 1000.0;

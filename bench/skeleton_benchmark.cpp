@@ -43,6 +43,8 @@
 
 namespace {
 
+using ravelin::kPi;
+
 using ravelin::Point;
 using ravelin::RvPolygon2D;
 using ravelin::RvSkeleton;
@@ -50,8 +52,6 @@ using ravelin::RvSkeleton;
 using Kernel = CGAL::Exact_predicates_inexact_constructions_kernel;
 using CgalPoint = Kernel::Point_2;
 using CgalPolygon = CGAL::Polygon_2<Kernel>;
-
-constexpr double kPi = 3.14159265358979323846;
 
 // ---------------------------------------------------------------------------------------------
 // Inputs

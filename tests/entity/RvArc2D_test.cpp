@@ -27,8 +27,6 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-constexpr double kPi = std::numbers::pi;
-constexpr double kTwoPi = 2 * std::numbers::pi;
 // Angles that went through a few additions of two pi are compared within this.
 constexpr double kAngleTol = 1e-12;
 // Coordinate of the point at 45 degrees on the circle of radius 10 round the origin.

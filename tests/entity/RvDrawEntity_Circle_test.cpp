@@ -16,9 +16,6 @@ using namespace ravelin::testing_support;
 
 namespace {
 
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
-
 bool AllFinite(const std::vector<RvPoint2D>& points) {
     for (const RvPoint2D& p : points) {
         if (!std::isfinite(p.x) || !std::isfinite(p.y) || !std::isfinite(p.z) ||

@@ -18,7 +18,6 @@ using namespace ravelin::testing_support;
 namespace {
 
 constexpr double kTol = 1e-9;
-constexpr double kPi = std::numbers::pi;
 
 // All five values of `p` within `tol`.
 testing::AssertionResult ValuesNear(const RvPoint2D& p, double x, double y, double z, double x2D,

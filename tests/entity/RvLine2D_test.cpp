@@ -15,7 +15,6 @@ using namespace ravelin::testing_support;
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
 const char* const kSubscriptError = "invalid vector<T> subscript";
 
 // A point whose position in space is far from its planar position, so that a computation that

@@ -24,8 +24,6 @@ using namespace ravelin::testing_support;
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 double At(const CMatrix& a, int row, int col) {
     return a.m[row * 4 + col];
 }

@@ -12,8 +12,6 @@ using namespace ravelin;
 namespace {
 
 constexpr double kBand = 5e-07;
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 

@@ -52,8 +52,6 @@ namespace {
 
 namespace cl = ClipperLib;
 
-constexpr double kPi = 3.141592653589793;
-
 // Coordinates go to Clipper multiplied by this and rounded: at drawing scale (0 to 1000, a few
 // thousand with long mitres) the integers stay far inside Clipper's range, and the rounding moves
 // an outline by at most 5e-7, which changes an area by far less than the tolerance below.

@@ -60,8 +60,6 @@ using Kernel = CGAL::Exact_predicates_inexact_constructions_kernel;
 using CgalPolygon = CGAL::Polygon_2<Kernel>;
 using CgalSkeleton = CGAL::Straight_skeleton_2<Kernel>;
 
-constexpr double kPi = 3.141592653589793;
-
 // The polygons per family. The whole program takes under a second in an optimised build and a
 // few seconds with the address sanitizer, so it runs all of them there too.
 constexpr int kConvexCount = 200;

@@ -27,7 +27,6 @@ using namespace ravelin;
 
 namespace {
 
-constexpr double kPi = 3.141592653589793;
 constexpr double kTol = 1e-9;
 
 using Contours = std::vector<std::vector<Point>>;

@@ -21,7 +21,6 @@ using testing_support::SameVertices;
 using Contour = std::vector<Point>;
 using Contours = std::vector<Contour>;
 
-constexpr double kPi = 3.141592653589793;
 constexpr double kAngleTol = 1e-12;
 constexpr double kCoordTol = 1e-9;
 

@@ -15,8 +15,6 @@ namespace {
 using testing_support::AppendDouble;
 using testing_support::Bytes;
 
-constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
 constexpr double kAngleTol = 1e-12;
 constexpr double kCoordTol = 1e-9;
 

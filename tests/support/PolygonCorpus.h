@@ -103,8 +103,6 @@ struct Pt {
 /// A ring of points, not closed: the last point differs from the first.
 using Outline = std::vector<Pt>;
 
-constexpr double kPi = 3.14159265358979323846;
-
 inline Pt Add(Pt a, Pt b) {
     return {a.x + b.x, a.y + b.y};
 }
