@@ -37,3 +37,4 @@
 #include "ravelin/polygon/RvPolygon2D.h"
 #include "ravelin/skeleton/RvSkeleton.h"
 #include "ravelin/skeleton/SkeletonGeometry.h"
+#include "ravelin/split/SplitNode.h"

@@ -13,6 +13,7 @@
 #include "ravelin/platform/CArray.h"
 #include "ravelin/polygon/RvInterPoint.h"
 #include "ravelin/polygon/RvIntersection.h"
+#include "ravelin/split/SplitNode.h"
 
 namespace ravelin {
 
@@ -241,6 +242,36 @@ public:
     bool GetClosedInterPolygon(_RvInterPoint start, RvPoint3D dir, int step, _RvInterPoint& hit,
                                RvPolygon2D& out);
 
+    // ---- Splitting
+    // -------------------------------------------------------------------------------
+
+    /// Divides the convex ring along the line through `point` with direction `direction`:
+    /// `first` and `second` are emptied and receive the vertices on either side, each with the
+    /// hits. Only two sides are known, so a ring met more than twice gets mixed halves. False,
+    /// with everything in `first`, if the line meets no edge; false, with both untouched, for a
+    /// ring without vertices.
+    bool CutBoundingRectangle(RvPoint2D& point, RvPoint2D& direction, RvPolygon2D& first,
+                              RvPolygon2D& second);
+    /// Appends the pieces on either side of the line through `first` and `second`: the
+    /// intersections with the two halves of the bounding rectangle grown by 100, the first
+    /// half's pieces first. A copy of the polygon if the line misses it.
+    void SplitWithLine(RvPoint2D first, RvPoint2D second, std::vector<RvPolygon2D>& result);
+    /// Appends the pieces into which the open `path` cuts the polygon. True if more than one
+    /// polygon was added; false, with nothing added, for a polygon without a normal. A path that
+    /// does not cut it through adds the polygon itself.
+    bool SplitWithPolyLine(const RvDrawEntity& path, std::vector<RvPolygon2D>& result) const;
+    /// Appends the stretches of `line` inside the polygon (`inside`), or outside it, as
+    /// polylines. True if `result` grew; false for fewer than two vertices.
+    bool SplitPolyline(const RvPolyLine2D& line, std::vector<RvPolyLine2D>& result,
+                       bool inside) const;
+    /// Appends the pieces into which the plane through `point` with normal `normal` cuts the
+    /// ring, on `x`, `y`, `z`. A plane that misses or only touches the ring adds the ring itself.
+    void SplitWithPlane(RvPoint3D point, RvPoint3D normal, std::vector<RvPolygon2D>& result);
+    /// As SplitWithPlane for the plane through `first` with normal `normal`, cutting only
+    /// between `first` and `second`.
+    void SplitWithPlaneSegment(RvPoint3D first, RvPoint3D second, RvPoint3D normal,
+                               std::vector<RvPolygon2D>& result);
+
     // ---- Constant-distance offsets ----------------------------------------------------------
     //
     // A positive distance moves every edge away from the interior, a negative one towards it,
@@ -287,6 +318,24 @@ private:
 
     /// Destroys the skeleton held, if any.
     void DeleteSkeleton();
+
+    /// Adds the crossings of the edge from the vertex before `edge` to vertex `edge` with the
+    /// path from `pathBegin` to `pathEnd`, as type 2 nodes and queue entries. `edgeNormal` is
+    /// the edge's normal in the polygon's plane.
+    void FindPathCrossings(const RvPoint3D& edgeNormal, int edge, const_iterator pathBegin,
+                           const_iterator pathEnd, SplitNodes& nodes,
+                           SplitCrossingQueue& crossings) const;
+    /// Follows the links from `start`, taking the last link of each node, and appends the ring
+    /// walked.
+    static void TraceSplitLoop(SplitNode* start, std::vector<RvPolygon2D>& result);
+    /// Adds the crossings of `line` with every edge, keyed by their length along it.
+    void FindPolylineCrossings(const RvPolyLine2D& line, SplitPolylineQueue& points) const;
+    /// The place in `chords` of the record of least position, of type 2 unless `anyType`; -1
+    /// if none qualifies, and 0 for an empty list.
+    static int FindNearestChord(const SplitChords& chords, bool anyType);
+    /// Traces the rings of a plane cut from `start`: where a node keeps links after its last one
+    /// was taken, the ring beyond it is traced and appended before the current one.
+    static void TraceChordLoops(SplitNode* start, std::vector<RvPolygon2D>& result);
 
     /// Whether `point` lies inside and at least |distance| from every edge, outside the cone of
     /// each offset corner. `index` receives the end vertex of an edge found too near, and is
