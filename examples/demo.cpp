@@ -227,7 +227,7 @@ void ShowPolygons() {
     }
 }
 
-std::string RingText(const RvPolygon2D& ring) {
+std::string RingText(const RvDrawEntity& ring) {
     std::string text;
     for (const RvPoint2D& v : ring) {
         char point[48];
@@ -313,6 +313,59 @@ void ShowOffsets() {
         std::printf("  GetExtend(%g): %zu polygon(s)\n", distance, rings.size());
         for (const RvPolygon2D& ring : rings) {
             std::printf("    %s\n", RingText(ring).c_str());
+        }
+    }
+}
+
+void PrintRings(const std::vector<RvPolygon2D>& rings) {
+    for (const RvPolygon2D& ring : rings) {
+        std::printf("    %s\n", RingText(ring).c_str());
+    }
+}
+
+// The L-shaped room cut into pieces: by an infinite line across both of its arms, by a
+// stepped path, and by a vertical plane in space; and a polyline cut by the room.
+void ShowSplitting() {
+    Heading("Splitting");
+    RvPolygon2D room;
+    for (const RvPoint2D& p : {RvPoint2D(0, 0), RvPoint2D(20, 0), RvPoint2D(20, 8), RvPoint2D(8, 8),
+                               RvPoint2D(8, 20), RvPoint2D(0, 20)}) {
+        room.push_back(p);
+    }
+    std::printf("  L shape: %s\n", RingText(room).c_str());
+
+    std::vector<RvPolygon2D> byLine;
+    room.SplitWithLine(RvPoint2D(0, 24), RvPoint2D(24, 0), byLine);
+    std::printf("  by the line through (0, 24) and (24, 0): %zu pieces\n", byLine.size());
+    PrintRings(byLine);
+
+    RvPolyLine2D path;
+    for (const RvPoint2D& p :
+         {RvPoint2D(4, -2), RvPoint2D(4, 4), RvPoint2D(14, 4), RvPoint2D(14, 10)}) {
+        path.push_back(p);
+    }
+    std::vector<RvPolygon2D> byPath;
+    const bool cut = room.SplitWithPolyLine(path, byPath);
+    std::printf("  by the path %s: %zu pieces (cut: %s)\n", RingText(path).c_str(), byPath.size(),
+                cut ? "yes" : "no");
+    PrintRings(byPath);
+
+    std::vector<RvPolygon2D> byPlane;
+    room.SplitWithPlane(RvPoint3D(4, 0, 0), RvPoint3D(1, 0, 0), byPlane);
+    std::printf("  by the plane x = 4: %zu pieces\n", byPlane.size());
+    PrintRings(byPlane);
+
+    RvPolyLine2D wire;
+    for (const RvPoint2D& p : {RvPoint2D(-5, 4), RvPoint2D(25, 4)}) {
+        wire.push_back(p);
+    }
+    for (const bool inside : {true, false}) {
+        std::vector<RvPolyLine2D> stretches;
+        room.SplitPolyline(wire, stretches, inside);
+        std::printf("  the line y = 4, %s: %zu stretch(es)\n", inside ? "inside" : "outside",
+                    stretches.size());
+        for (const RvPolyLine2D& s : stretches) {
+            std::printf("    %s\n", RingText(s).c_str());
         }
     }
 }
@@ -415,6 +468,7 @@ int main() {
     ShowPolygons();
     ShowCombination();
     ShowSkeleton();
+    ShowSplitting();
     ShowOffsets();
     ShowEveryEntity();
     return 0;
