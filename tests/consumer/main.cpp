@@ -83,6 +83,11 @@ int main() {
     check(a.Combine(b, CombineUnion, rings) && rings.size() == 1 && rings[0].size() == 8,
           "Combine");
 
+    // A path cuts the square in two; the split graph lives and dies inside the library.
+    RvPolyLine2D cutter(RvPoint2D(5, -5), RvPoint2D(5, 15));
+    std::vector<RvPolygon2D> pieces;
+    check(a.SplitWithPolyLine(cutter, pieces) && pieces.size() == 2, "SplitWithPolyLine");
+
     // The polygon's skeleton is made by the library and destroyed with the polygon.
     std::vector<RvPolygon2D> inset;
     a.GetExtendSKELET(-2.0, inset);
