@@ -37,6 +37,8 @@ using namespace ravelin::testing_support;
 
 namespace {
 
+using testing_support::ExpectVerticesNear;
+
 // The axis-aligned rectangle with corners (x0, y0) and (x1, y1), counterclockwise from
 // (x0, y0), stored open.
 RvPolygon2D Rect(double x0, double y0, double x1, double y1) {
@@ -73,14 +75,6 @@ void ExpectVertices(const RvPolygon2D& ring, std::initializer_list<XY> expected,
         EXPECT_NEAR(v.x2D, e.x, tol);
         EXPECT_NEAR(v.y2D, e.y, tol);
         ++i;
-    }
-}
-
-// The same, and z is 0 throughout: a ring that the intersection has rebuilt.
-void ExpectPiece(const RvPolygon2D& ring, std::initializer_list<XY> expected) {
-    ExpectVertices(ring, expected);
-    for (std::size_t i = 0; i < ring.size(); ++i) {
-        EXPECT_EQ(ring[i].z, 0.0) << "vertex " << i;
     }
 }
 
@@ -273,8 +267,8 @@ TEST(RvPolygon2DSplitWithLineTest, SquareCutThroughItsMiddleGivesTheHalf1PieceFi
     // and goes to (10, 10), then to (5, 10), down the cut to (5, 0), and home.
     const std::vector<RvPolygon2D> result = Split(Square(), RvPoint2D(5, -1), RvPoint2D(5, 1));
     ASSERT_EQ(result.size(), 2u);
-    ExpectPiece(result[0], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
-    ExpectPiece(result[1], {{10, 0}, {10, 10}, {5, 10}, {5, 0}});
+    ExpectVerticesNear(result[0], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
+    ExpectVerticesNear(result[1], {{10, 0}, {10, 10}, {5, 10}, {5, 0}});
 }
 
 TEST(RvPolygon2DSplitWithLineTest, SwappingThePointsOfTheLineKeepsThePiecesAndTheirOrder) {
@@ -282,8 +276,8 @@ TEST(RvPolygon2DSplitWithLineTest, SwappingThePointsOfTheLineKeepsThePiecesAndTh
     // the direction of the line changes nothing.
     const std::vector<RvPolygon2D> result = Split(Square(), RvPoint2D(5, 1), RvPoint2D(5, -1));
     ASSERT_EQ(result.size(), 2u);
-    ExpectPiece(result[0], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
-    ExpectPiece(result[1], {{10, 0}, {10, 10}, {5, 10}, {5, 0}});
+    ExpectVerticesNear(result[0], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
+    ExpectVerticesNear(result[1], {{10, 0}, {10, 10}, {5, 10}, {5, 0}});
 }
 
 TEST(RvPolygon2DSplitWithLineTest, PiecesAreAppendedAfterWhatTheResultHeld) {
@@ -294,8 +288,8 @@ TEST(RvPolygon2DSplitWithLineTest, PiecesAreAppendedAfterWhatTheResultHeld) {
     square.SplitWithLine(RvPoint2D(5, -1), RvPoint2D(5, 1), result);
     ASSERT_EQ(result.size(), 3u);
     EXPECT_TRUE(SameVertices(result[0], held));
-    ExpectPiece(result[1], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
-    ExpectPiece(result[2], {{10, 0}, {10, 10}, {5, 10}, {5, 0}});
+    ExpectVerticesNear(result[1], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
+    ExpectVerticesNear(result[2], {{10, 0}, {10, 10}, {5, 10}, {5, 0}});
 }
 
 TEST(RvPolygon2DSplitWithLineTest, LineMissingThePolygonAppendsAnExactCopy) {
@@ -345,7 +339,7 @@ TEST(RvPolygon2DSplitWithLineTest, LineTouchingOnlyAVertexGivesThePolygonRebuilt
         Ring({RvPoint2D(0, 0, 3), RvPoint2D(10, 0, 3), RvPoint2D(10, 10, 3), RvPoint2D(0, 10, 3)});
     const std::vector<RvPolygon2D> result = Split(polygon, RvPoint2D(10, 0), RvPoint2D(11, 1));
     ASSERT_EQ(result.size(), 1u);
-    ExpectPiece(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
 }
 
 TEST(RvPolygon2DSplitWithLineTest, SquareCutAlongItsDiagonalComesBackWhole) {
@@ -364,7 +358,7 @@ TEST(RvPolygon2DSplitWithLineTest, SquareCutAlongItsDiagonalComesBackWhole) {
     // rings of two points are dropped. half2 with the square is the square, traced from (0, 0).
     const std::vector<RvPolygon2D> result = Split(Square(), RvPoint2D(0, 0), RvPoint2D(10, 10));
     ASSERT_EQ(result.size(), 1u);
-    ExpectPiece(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
 }
 
 TEST(RvPolygon2DSplitWithLineTest, LShapeCutAcrossBothArmsGivesThreePiecesTwoFromHalf2) {
@@ -384,10 +378,10 @@ TEST(RvPolygon2DSplitWithLineTest, LShapeCutAcrossBothArmsGivesThreePiecesTwoFro
     // and (10, 20) goes to (5, 20), down the cut to (10, 15), and home.
     const std::vector<RvPolygon2D> result = Split(LShape(), RvPoint2D(20, 5), RvPoint2D(15, 10));
     ASSERT_EQ(result.size(), 3u);
-    ExpectPiece(result[0],
-                {{0, 0}, {20, 0}, {20, 5}, {15, 10}, {10, 10}, {10, 15}, {5, 20}, {0, 20}});
-    ExpectPiece(result[1], {{20, 10}, {15, 10}, {20, 5}});
-    ExpectPiece(result[2], {{10, 20}, {5, 20}, {10, 15}});
+    ExpectVerticesNear(result[0],
+                       {{0, 0}, {20, 0}, {20, 5}, {15, 10}, {10, 10}, {10, 15}, {5, 20}, {0, 20}});
+    ExpectVerticesNear(result[1], {{20, 10}, {15, 10}, {20, 5}});
+    ExpectVerticesNear(result[2], {{10, 20}, {5, 20}, {10, 15}});
 }
 
 // ---- Random polygons cut by random lines ----------------------------------------------------

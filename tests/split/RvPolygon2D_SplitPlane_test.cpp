@@ -37,35 +37,16 @@ struct RvPolygon2DTestAccess {
 namespace {
 
 using testing_support::CorpusRandom;
+using testing_support::ExpectVerticesNear;
 using testing_support::Outline;
 using testing_support::Pt;
 using testing_support::SameVertices;
-
-struct XYZ {
-    double x;
-    double y;
-    double z = 0.0;
-};
-
-// The vertices of `p`, in order, each within `tol` of the point expected in space, with the
-// planar pair following `x` and `y`.
-void ExpectRing(const RvPolygon2D& p, std::initializer_list<XYZ> expected, double tol = 1e-9) {
-    ASSERT_EQ(p.size(), expected.size());
-    std::size_t k = 0;
-    for (const XYZ& v : expected) {
-        EXPECT_NEAR(p[k].x, v.x, tol) << "vertex " << k;
-        EXPECT_NEAR(p[k].y, v.y, tol) << "vertex " << k;
-        EXPECT_NEAR(p[k].z, v.z, tol) << "vertex " << k;
-        EXPECT_NEAR(p[k].x2D, v.x, tol) << "vertex " << k;
-        EXPECT_NEAR(p[k].y2D, v.y, tol) << "vertex " << k;
-        ++k;
-    }
-}
+using testing_support::VertexAt;
 
 // A polygon of the given points in space.
-RvPolygon2D Polygon(std::initializer_list<XYZ> points) {
+RvPolygon2D Polygon(std::initializer_list<VertexAt> points) {
     RvPolygon2D p;
-    for (const XYZ& v : points) {
+    for (const VertexAt& v : points) {
         p.push_backA(RvPoint2D(v.x, v.y, v.z));
     }
     return p;
@@ -145,8 +126,8 @@ TEST(RvPolygon2DSplitWithPlaneTest, SquareCutThroughItsMiddleGivesTheRightHalfFi
     // traced and appended before the left half is closed.
     const std::vector<RvPolygon2D> result = CutByPlane(Square(), RvPoint3D(5, 0, 0), kAlongX);
     ASSERT_EQ(result.size(), 2U);
-    ExpectRing(result[0], {{5, 0}, {10, 0}, {10, 10}, {5, 10}});
-    ExpectRing(result[1], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{5, 0}, {10, 0}, {10, 10}, {5, 10}});
+    ExpectVerticesNear(result[1], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneTest, PlaneTouchingTheRingInAVertexOnlyMakesNoCrossing) {
@@ -155,7 +136,7 @@ TEST(RvPolygon2DSplitWithPlaneTest, PlaneTouchingTheRingInAVertexOnlyMakesNoCros
     const RvPolygon2D diamond = Polygon({{5, 0}, {10, 5}, {5, 10}, {0, 5}});
     const std::vector<RvPolygon2D> result = CutByPlane(diamond, RvPoint3D(10, 0, 0), kAlongX);
     ASSERT_EQ(result.size(), 1U);
-    ExpectRing(result[0], {{5, 0}, {10, 5}, {5, 10}, {0, 5}});
+    ExpectVerticesNear(result[0], {{5, 0}, {10, 5}, {5, 10}, {0, 5}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneTest, PlaneThroughTwoVerticesCutsAtEachOnceAsTheStartOfItsEdge) {
@@ -168,8 +149,8 @@ TEST(RvPolygon2DSplitWithPlaneTest, PlaneThroughTwoVerticesCutsAtEachOnceAsTheSt
     const RvPolygon2D diamond = Polygon({{5, 0}, {10, 5}, {5, 10}, {0, 5}});
     const std::vector<RvPolygon2D> result = CutByPlane(diamond, RvPoint3D(5, 0, 0), kAlongX);
     ASSERT_EQ(result.size(), 2U);
-    ExpectRing(result[0], {{5, 0}, {10, 5}, {5, 10}});
-    ExpectRing(result[1], {{5, 0}, {5, 10}, {0, 5}});
+    ExpectVerticesNear(result[0], {{5, 0}, {10, 5}, {5, 10}});
+    ExpectVerticesNear(result[1], {{5, 0}, {5, 10}, {0, 5}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneTest, CrossingNearAVertexCountsOnlyWithinTheWindow) {
@@ -187,8 +168,8 @@ TEST(RvPolygon2DSplitWithPlaneTest, CrossingNearAVertexCountsOnlyWithinTheWindow
         const RvPolygon2D p = Polygon({{-5, 0}, {5 + e, 0}, {15 + e, 10}, {-5, 10}});
         const std::vector<RvPolygon2D> result = CutByPlane(p, RvPoint3D(5, 0, 0), kAlongX);
         ASSERT_EQ(result.size(), 2U);
-        ExpectRing(result[0], {{5, 0}, {15, 10}, {5, 10}}, 1e-6);
-        ExpectRing(result[1], {{-5, 0}, {5, 0}, {5, 10}, {-5, 10}}, 1e-6);
+        ExpectVerticesNear(result[0], {{5, 0}, {15, 10}, {5, 10}}, 1e-6);
+        ExpectVerticesNear(result[1], {{-5, 0}, {5, 0}, {5, 10}, {-5, 10}}, 1e-6);
     }
     // With e = 5e-07 the bottom edge's t, 1 - 5e-08, still lies above 0.9999999, and the slanted
     // edge's, -5e-08, lies below -1e-08: neither end of the window takes the crossing. The one
@@ -198,7 +179,7 @@ TEST(RvPolygon2DSplitWithPlaneTest, CrossingNearAVertexCountsOnlyWithinTheWindow
         const RvPolygon2D p = Polygon({{-5, 0}, {5 + e, 0}, {15 + e, 10}, {-5, 10}});
         const std::vector<RvPolygon2D> result = CutByPlane(p, RvPoint3D(5, 0, 0), kAlongX);
         ASSERT_EQ(result.size(), 1U);
-        ExpectRing(result[0], {{-5, 0}, {5 + e, 0}, {15 + e, 10}, {-5, 10}}, 1e-12);
+        ExpectVerticesNear(result[0], {{-5, 0}, {5 + e, 0}, {15 + e, 10}, {-5, 10}}, 1e-12);
     }
 }
 
@@ -209,7 +190,7 @@ TEST(RvPolygon2DSplitWithPlaneTest, EdgeLyingInThePlaneMakesNoCrossing) {
     {
         const std::vector<RvPolygon2D> result = CutByPlane(Square(), RvPoint3D(10, 0, 0), kAlongX);
         ASSERT_EQ(result.size(), 1U);
-        ExpectRing(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
+        ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
     }
     // Two steps whose risers lie in x = 10: the ring runs from one side of the plane to the
     // other and back through them, yet neither riser nor its ends makes a crossing.
@@ -218,8 +199,8 @@ TEST(RvPolygon2DSplitWithPlaneTest, EdgeLyingInThePlaneMakesNoCrossing) {
             Polygon({{0, 0}, {10, 0}, {10, 5}, {20, 5}, {20, 10}, {10, 10}, {10, 15}, {0, 15}});
         const std::vector<RvPolygon2D> result = CutByPlane(steps, RvPoint3D(10, 0, 0), kAlongX);
         ASSERT_EQ(result.size(), 1U);
-        ExpectRing(result[0],
-                   {{0, 0}, {10, 0}, {10, 5}, {20, 5}, {20, 10}, {10, 10}, {10, 15}, {0, 15}});
+        ExpectVerticesNear(
+            result[0], {{0, 0}, {10, 0}, {10, 5}, {20, 5}, {20, 10}, {10, 10}, {10, 15}, {0, 15}});
     }
 }
 
@@ -229,9 +210,9 @@ TEST(RvPolygon2DSplitWithPlaneTest, NotchWhoseBottomLiesInThePlaneGivesTwoPieces
     const std::vector<RvPolygon2D> result =
         CutByPlane(NotchedSquare(), RvPoint3D(10, 0, 0), kAlongX);
     ASSERT_EQ(result.size(), 2U);
-    ExpectRing(result[0],
-               {{10, 0}, {20, 0}, {20, 2}, {10, 5}, {10, 15}, {20, 18}, {20, 20}, {10, 20}});
-    ExpectRing(result[1], {{0, 0}, {10, 0}, {10, 20}, {0, 20}});
+    ExpectVerticesNear(
+        result[0], {{10, 0}, {20, 0}, {20, 2}, {10, 5}, {10, 15}, {20, 18}, {20, 20}, {10, 20}});
+    ExpectVerticesNear(result[1], {{0, 0}, {10, 0}, {10, 20}, {0, 20}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneTest, PlaneMissingThePolygonGivesItBackCleaned) {
@@ -242,19 +223,19 @@ TEST(RvPolygon2DSplitWithPlaneTest, PlaneMissingThePolygonGivesItBackCleaned) {
         const RvPolygon2D p = Polygon({{0, 0}, {5, 0}, {10, 0}, {10, 10}, {0, 10}});
         const std::vector<RvPolygon2D> result = CutByPlane(p, RvPoint3D(20, 0, 0), kAlongX);
         ASSERT_EQ(result.size(), 1U);
-        ExpectRing(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
+        ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
     }
     {
         const RvPolygon2D p = Polygon({{5, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}});
         const std::vector<RvPolygon2D> result = CutByPlane(p, RvPoint3D(20, 0, 0), kAlongX);
         ASSERT_EQ(result.size(), 1U);
-        ExpectRing(result[0], {{10, 0}, {10, 10}, {0, 10}, {0, 0}});
+        ExpectVerticesNear(result[0], {{10, 0}, {10, 10}, {0, 10}, {0, 0}});
     }
     {
         const RvPolygon2D p = Polygon({{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 5}});
         const std::vector<RvPolygon2D> result = CutByPlane(p, RvPoint3D(-3, 0, 0), kAlongX);
         ASSERT_EQ(result.size(), 1U);
-        ExpectRing(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
+        ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
     }
     // A plane parallel to the polygon's own: every edge is parallel to it.
     {
@@ -262,7 +243,7 @@ TEST(RvPolygon2DSplitWithPlaneTest, PlaneMissingThePolygonGivesItBackCleaned) {
         const std::vector<RvPolygon2D> result =
             CutByPlane(p, RvPoint3D(0, 0, 5), RvPoint3D(0, 0, 1));
         ASSERT_EQ(result.size(), 1U);
-        ExpectRing(result[0], {{0, 0, 2}, {10, 0, 2}, {10, 10, 2}, {0, 10, 2}});
+        ExpectVerticesNear(result[0], {{0, 0, 2}, {10, 0, 2}, {10, 10, 2}, {0, 10, 2}});
     }
 }
 
@@ -273,7 +254,7 @@ TEST(RvPolygon2DSplitWithPlaneTest, SingleCrossingStaysUnpairedAndTheRingComesBa
     const RvPolygon2D step = Polygon({{0, 0}, {10, 0}, {10, 5}, {20, 5}, {20, 10}, {0, 10}});
     const std::vector<RvPolygon2D> result = CutByPlane(step, RvPoint3D(10, 0, 0), kAlongX);
     ASSERT_EQ(result.size(), 1U);
-    ExpectRing(result[0], {{0, 0}, {10, 0}, {10, 5}, {20, 5}, {20, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 5}, {20, 5}, {20, 10}, {0, 10}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneTest, ThirdCrossingIsLinkedToThePartnerOfThePairBefore) {
@@ -302,18 +283,18 @@ TEST(RvPolygon2DSplitWithPlaneTest, ThirdCrossingIsLinkedToThePartnerOfThePairBe
                                    {0, 10}});
     const std::vector<RvPolygon2D> result = CutByPlane(p, RvPoint3D(10, 0, 0), kAlongX);
     ASSERT_EQ(result.size(), 3U);
-    ExpectRing(result[0], {{10, 15}});
-    ExpectRing(result[1], {{10, 20}, {0, 20}, {0, 15}, {10, 15}, {10, 10}, {0, 10}});
-    ExpectRing(result[2], {{0, 0},
-                           {10, 0},
-                           {10, 5},
-                           {20, 5},
-                           {20, 20},
-                           {10, 20},
-                           {10, 15},
-                           {15, 15},
-                           {15, 10},
-                           {10, 10}});
+    ExpectVerticesNear(result[0], {{10, 15}});
+    ExpectVerticesNear(result[1], {{10, 20}, {0, 20}, {0, 15}, {10, 15}, {10, 10}, {0, 10}});
+    ExpectVerticesNear(result[2], {{0, 0},
+                                   {10, 0},
+                                   {10, 5},
+                                   {20, 5},
+                                   {20, 20},
+                                   {10, 20},
+                                   {10, 15},
+                                   {15, 15},
+                                   {15, 10},
+                                   {10, 10}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneTest, UShapeCutAcrossBothArmsGivesThreePiecesPairedByPosition) {
@@ -325,10 +306,10 @@ TEST(RvPolygon2DSplitWithPlaneTest, UShapeCutAcrossBothArmsGivesThreePiecesPaire
     // the walk started on, closes last.
     const std::vector<RvPolygon2D> result = CutByPlane(UShape(), RvPoint3D(0, 15, 0), kAlongY);
     ASSERT_EQ(result.size(), 3U);
-    ExpectRing(result[0], {{30, 15}, {30, 20}, {20, 20}, {20, 15}});
-    ExpectRing(result[1], {{10, 15}, {10, 20}, {0, 20}, {0, 15}});
-    ExpectRing(result[2],
-               {{0, 0}, {30, 0}, {30, 15}, {20, 15}, {20, 10}, {10, 10}, {10, 15}, {0, 15}});
+    ExpectVerticesNear(result[0], {{30, 15}, {30, 20}, {20, 20}, {20, 15}});
+    ExpectVerticesNear(result[1], {{10, 15}, {10, 20}, {0, 20}, {0, 15}});
+    ExpectVerticesNear(
+        result[2], {{0, 0}, {30, 0}, {30, 15}, {20, 15}, {20, 10}, {10, 10}, {10, 15}, {0, 15}});
     EXPECT_NEAR(Area2D(result[0]) + Area2D(result[1]) + Area2D(result[2]), 500.0, 1e-9);
 }
 
@@ -346,10 +327,10 @@ TEST(RvPolygon2DSplitWithPlaneTest, CrossingsBehindTheFirstAlongTheLineHaveNegat
         Polygon({{20, 20}, {20, 10}, {10, 10}, {10, 20}, {0, 20}, {0, 0}, {30, 0}, {30, 20}});
     const std::vector<RvPolygon2D> result = CutByPlane(u, RvPoint3D(0, 15, 0), kAlongY);
     ASSERT_EQ(result.size(), 3U);
-    ExpectRing(result[0], {{10, 15}, {10, 20}, {0, 20}, {0, 15}});
-    ExpectRing(result[1],
-               {{20, 15}, {20, 10}, {10, 10}, {10, 15}, {0, 15}, {0, 0}, {30, 0}, {30, 15}});
-    ExpectRing(result[2], {{20, 20}, {20, 15}, {30, 15}, {30, 20}});
+    ExpectVerticesNear(result[0], {{10, 15}, {10, 20}, {0, 20}, {0, 15}});
+    ExpectVerticesNear(
+        result[1], {{20, 15}, {20, 10}, {10, 10}, {10, 15}, {0, 15}, {0, 0}, {30, 0}, {30, 15}});
+    ExpectVerticesNear(result[2], {{20, 20}, {20, 15}, {30, 15}, {30, 20}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneTest, TiltedPlaneCutsARampInSpace) {
@@ -361,8 +342,9 @@ TEST(RvPolygon2DSplitWithPlaneTest, TiltedPlaneCutsARampInSpace) {
     const std::vector<RvPolygon2D> result =
         CutByPlane(ramp, RvPoint3D(12, 0, 0), RvPoint3D(1, 0, 1));
     ASSERT_EQ(result.size(), 2U);
-    ExpectRing(result[0], {{10, 2, 2}, {10, 10, 10}, {2, 10, 10}}, 1e-12);
-    ExpectRing(result[1], {{0, 0, 0}, {10, 0, 0}, {10, 2, 2}, {2, 10, 10}, {0, 10, 10}}, 1e-12);
+    ExpectVerticesNear(result[0], {{10, 2, 2}, {10, 10, 10}, {2, 10, 10}}, 1e-12);
+    ExpectVerticesNear(result[1], {{0, 0, 0}, {10, 0, 0}, {10, 2, 2}, {2, 10, 10}, {0, 10, 10}},
+                       1e-12);
 }
 
 TEST(RvPolygon2DSplitWithPlaneTest, PiecesAreAppendedAfterWhatTheListHeld) {
@@ -372,15 +354,15 @@ TEST(RvPolygon2DSplitWithPlaneTest, PiecesAreAppendedAfterWhatTheListHeld) {
     square.SplitWithPlane(RvPoint3D(5, 0, 0), kAlongX, result);
     ASSERT_EQ(result.size(), 3U);
     EXPECT_TRUE(SameVertices(result[0], before));
-    ExpectRing(result[1], {{5, 0}, {10, 0}, {10, 10}, {5, 10}});
-    ExpectRing(result[2], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
+    ExpectVerticesNear(result[1], {{5, 0}, {10, 0}, {10, 10}, {5, 10}});
+    ExpectVerticesNear(result[2], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
 
     // Segment cut into the same list: appended again.
     square.SplitWithPlaneSegment(RvPoint3D(5, -1, 0), RvPoint3D(5, 11, 0), kAlongX, result);
     ASSERT_EQ(result.size(), 5U);
     EXPECT_TRUE(SameVertices(result[0], before));
-    ExpectRing(result[3], {{5, 0}, {10, 0}, {10, 10}, {5, 10}});
-    ExpectRing(result[4], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
+    ExpectVerticesNear(result[3], {{5, 0}, {10, 0}, {10, 10}, {5, 10}});
+    ExpectVerticesNear(result[4], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -392,15 +374,15 @@ TEST(RvPolygon2DSplitWithPlaneSegmentTest, BothPointsInsideTheSquareLeaveItUnspl
     const std::vector<RvPolygon2D> result =
         CutBySegment(Square(), RvPoint3D(5, 3, 0), RvPoint3D(5, 7, 0), kAlongX);
     ASSERT_EQ(result.size(), 1U);
-    ExpectRing(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneSegmentTest, SegmentAcrossTheWholeSquareCutsItLikeThePlane) {
     const std::vector<RvPolygon2D> result =
         CutBySegment(Square(), RvPoint3D(5, -1, 0), RvPoint3D(5, 11, 0), kAlongX);
     ASSERT_EQ(result.size(), 2U);
-    ExpectRing(result[0], {{5, 0}, {10, 0}, {10, 10}, {5, 10}});
-    ExpectRing(result[1], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{5, 0}, {10, 0}, {10, 10}, {5, 10}});
+    ExpectVerticesNear(result[1], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneSegmentTest, CrossingsAtTheEndPointsThemselvesAreNotMade) {
@@ -409,7 +391,7 @@ TEST(RvPolygon2DSplitWithPlaneSegmentTest, CrossingsAtTheEndPointsThemselvesAreN
     const std::vector<RvPolygon2D> result =
         CutBySegment(Square(), RvPoint3D(5, 0, 0), RvPoint3D(5, 10, 0), kAlongX);
     ASSERT_EQ(result.size(), 1U);
-    ExpectRing(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneSegmentTest, SegmentCoveringOneArmOfAUCutsOnlyThatArm) {
@@ -418,9 +400,9 @@ TEST(RvPolygon2DSplitWithPlaneSegmentTest, SegmentCoveringOneArmOfAUCutsOnlyThat
     const std::vector<RvPolygon2D> result =
         CutBySegment(UShape(), RvPoint3D(15, 15, 0), RvPoint3D(35, 15, 0), kAlongY);
     ASSERT_EQ(result.size(), 2U);
-    ExpectRing(result[0], {{30, 15}, {30, 20}, {20, 20}, {20, 15}});
-    ExpectRing(result[1],
-               {{0, 0}, {30, 0}, {30, 15}, {20, 15}, {20, 10}, {10, 10}, {10, 20}, {0, 20}});
+    ExpectVerticesNear(result[0], {{30, 15}, {30, 20}, {20, 20}, {20, 15}});
+    ExpectVerticesNear(
+        result[1], {{0, 0}, {30, 0}, {30, 15}, {20, 15}, {20, 10}, {10, 10}, {10, 20}, {0, 20}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneSegmentTest, EdgeInThePlaneSeenFromOutsideMakesItsStartACrossing) {
@@ -433,8 +415,8 @@ TEST(RvPolygon2DSplitWithPlaneSegmentTest, EdgeInThePlaneSeenFromOutsideMakesIts
     const std::vector<RvPolygon2D> result =
         CutBySegment(NotchedSquare(), RvPoint3D(10, -5, 0), RvPoint3D(10, 10, 0), kAlongX);
     ASSERT_EQ(result.size(), 2U);
-    ExpectRing(result[0], {{10, 0}, {20, 0}, {20, 2}, {10, 5}});
-    ExpectRing(result[1], {{0, 0}, {10, 0}, {10, 15}, {20, 18}, {20, 20}, {0, 20}});
+    ExpectVerticesNear(result[0], {{10, 0}, {20, 0}, {20, 2}, {10, 5}});
+    ExpectVerticesNear(result[1], {{0, 0}, {10, 0}, {10, 15}, {20, 18}, {20, 20}, {0, 20}});
     EXPECT_NEAR(Area2D(result[0]), 35.0, 1e-9);
     EXPECT_NEAR(Area2D(result[1]), 235.0, 1e-9);
 }
@@ -448,8 +430,8 @@ TEST(RvPolygon2DSplitWithPlaneSegmentTest, VertexEndingARunOfEdgesInThePlaneBeco
     const std::vector<RvPolygon2D> result =
         CutBySegment(NotchedSquare(), RvPoint3D(10, 10, 0), RvPoint3D(10, 25, 0), kAlongX);
     ASSERT_EQ(result.size(), 2U);
-    ExpectRing(result[0], {{10, 15}, {20, 18}, {20, 20}, {10, 20}});
-    ExpectRing(result[1], {{0, 0}, {20, 0}, {20, 2}, {10, 5}, {10, 20}, {0, 20}});
+    ExpectVerticesNear(result[0], {{10, 15}, {20, 18}, {20, 20}, {10, 20}});
+    ExpectVerticesNear(result[1], {{0, 0}, {20, 0}, {20, 2}, {10, 5}, {10, 20}, {0, 20}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneSegmentTest, SegmentAlongTheWholeNotchCutsOffBothTongues) {
@@ -458,9 +440,9 @@ TEST(RvPolygon2DSplitWithPlaneSegmentTest, SegmentAlongTheWholeNotchCutsOffBothT
     const std::vector<RvPolygon2D> result =
         CutBySegment(NotchedSquare(), RvPoint3D(10, -5, 0), RvPoint3D(10, 25, 0), kAlongX);
     ASSERT_EQ(result.size(), 3U);
-    ExpectRing(result[0], {{10, 0}, {20, 0}, {20, 2}, {10, 5}});
-    ExpectRing(result[1], {{10, 15}, {20, 18}, {20, 20}, {10, 20}});
-    ExpectRing(result[2], {{0, 0}, {10, 0}, {10, 20}, {0, 20}});
+    ExpectVerticesNear(result[0], {{10, 0}, {20, 0}, {20, 2}, {10, 5}});
+    ExpectVerticesNear(result[1], {{10, 15}, {20, 18}, {20, 20}, {10, 20}});
+    ExpectVerticesNear(result[2], {{0, 0}, {10, 0}, {10, 20}, {0, 20}});
     EXPECT_NEAR(Area2D(result[0]) + Area2D(result[1]) + Area2D(result[2]), 270.0, 1e-9);
 }
 
@@ -473,7 +455,7 @@ TEST(RvPolygon2DSplitWithPlaneSegmentTest, EdgeInThePlaneSeenFromInsideMakesNoCr
     const std::vector<RvPolygon2D> result =
         CutBySegment(Square(), RvPoint3D(0, -5, 0), RvPoint3D(0, 15, 0), kAlongX);
     ASSERT_EQ(result.size(), 1U);
-    ExpectRing(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
 }
 
 TEST(RvPolygon2DSplitWithPlaneSegmentTest, TouchingVerticesBetweenThePointsAreMadeCrossings) {
@@ -487,13 +469,13 @@ TEST(RvPolygon2DSplitWithPlaneSegmentTest, TouchingVerticesBetweenThePointsAreMa
     {
         const std::vector<RvPolygon2D> result = CutByPlane(w, RvPoint3D(-1, 10, 0), kAlongY);
         ASSERT_EQ(result.size(), 1U);
-        ExpectRing(result[0], {{0, 0}, {10, 0}, {10, 10}, {5, 5}, {0, 10}});
+        ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {5, 5}, {0, 10}});
     }
     const std::vector<RvPolygon2D> result =
         CutBySegment(w, RvPoint3D(-1, 10, 0), RvPoint3D(11, 10, 0), kAlongY);
     ASSERT_EQ(result.size(), 2U);
-    ExpectRing(result[0], {{10, 10}, {5, 5}, {0, 10}});
-    ExpectRing(result[1], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{10, 10}, {5, 5}, {0, 10}});
+    ExpectVerticesNear(result[1], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -647,9 +629,9 @@ TEST(RvPolygon2DTraceChordLoopsTest, RoundsAreCountedOnceBeforeTheInnerRingsUseU
     std::vector<RvPolygon2D> result;
     RvPolygon2DTestAccess::TraceChordLoops(nodes[S].get(), result);
     ASSERT_EQ(result.size(), 3U);
-    ExpectRing(result[0], {{10, 0}, {10, 10}});
-    ExpectRing(result[1], {{10, 0}, {0, 10}});
-    ExpectRing(result[2], {{0, 0}, {20, 0}, {20, 10}, {30, 5}});
+    ExpectVerticesNear(result[0], {{10, 0}, {10, 10}});
+    ExpectVerticesNear(result[1], {{10, 0}, {0, 10}});
+    ExpectVerticesNear(result[2], {{0, 0}, {20, 0}, {20, 10}, {30, 5}});
     const std::vector<std::vector<int>> left = LinksLeft(nodes);
     EXPECT_EQ(left[C], std::vector<int>{E});
     for (const int n : {S, F, A, X, B, D, E}) {
@@ -668,8 +650,8 @@ TEST(RvPolygon2DTraceChordLoopsTest, ChordedSquareTracesTheFarRingFirst) {
     std::vector<RvPolygon2D> result;
     RvPolygon2DTestAccess::TraceChordLoops(nodes[0].get(), result);
     ASSERT_EQ(result.size(), 2U);
-    ExpectRing(result[0], {{5, 0}, {10, 0}, {10, 10}, {5, 10}});
-    ExpectRing(result[1], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{5, 0}, {10, 0}, {10, 10}, {5, 10}});
+    ExpectVerticesNear(result[1], {{0, 0}, {5, 0}, {5, 10}, {0, 10}});
     for (const std::vector<int>& l : LinksLeft(nodes)) {
         EXPECT_TRUE(l.empty());
     }
@@ -809,10 +791,11 @@ TEST(RvPolygon2DSplitWithPlaneDeepTest, CombCutAcrossAllTeethGivesEveryTipOnA256
     for (int k = 0; k + 1 < kTeeth; ++k) {
         const int tooth = kTeeth - 1 - k;
         SCOPED_TRACE("tooth " + std::to_string(tooth));
-        ExpectRing(result[static_cast<std::size_t>(k)],
-                   {{2.0 * tooth + 1.5, 2}, {2.0 * tooth + 1.0, 3}, {2.0 * tooth + 0.5, 2}});
+        ExpectVerticesNear(
+            result[static_cast<std::size_t>(k)],
+            {{2.0 * tooth + 1.5, 2}, {2.0 * tooth + 1.0, 3}, {2.0 * tooth + 0.5, 2}});
     }
-    ExpectRing(result[kTeeth - 1], {{1.5, 2}, {1, 3}, {2.0 / 3.0, 2}}, 1e-12);
+    ExpectVerticesNear(result[kTeeth - 1], {{1.5, 2}, {1, 3}, {2.0 / 3.0, 2}}, 1e-12);
     const RvPolygon2D& base = result[kTeeth];
     ASSERT_GT(base.size(), 2U);
     EXPECT_NEAR(base[0].x2D, 0.0, 1e-12);
@@ -918,7 +901,7 @@ TEST(RvPolygon2DSplitWithPlaneDeepTest, SerpentineNestsOneLevelPerPieceOnA256KiB
         }
     }
     EXPECT_EQ(wrongBars, 0);
-    ExpectRing(result[kStrokes], {{0, 0}, {1, 0}, {1, 5}, {0, 5}});
+    ExpectVerticesNear(result[kStrokes], {{0, 0}, {1, 0}, {1, 5}, {0, 5}});
     double total = 0.0;
     for (const RvPolygon2D& piece : result) {
         total += Area2D(piece);

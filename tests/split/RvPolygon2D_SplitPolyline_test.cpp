@@ -27,11 +27,10 @@ struct RvPolygon2DTestAccess {
 
 namespace {
 
+using testing_support::ExpectVerticesNear;
 using testing_support::Path;
 using testing_support::Ring;
 using testing_support::SameVertices;
-
-using XY = std::pair<double, double>;
 
 // The square from (0, 0) to (10, 10), counterclockwise.
 RvPolygon2D Square() {
@@ -48,21 +47,6 @@ Split SplitOf(const RvPolygon2D& polygon, const RvPolyLine2D& line, bool inside)
     Split s{false, {}};
     s.added = polygon.SplitPolyline(line, s.pieces, inside);
     return s;
-}
-
-// The vertices of `line`, in order, each within `tol` of the planar pair expected, with z = 0.
-void ExpectPolyline(const RvPolyLine2D& line, std::initializer_list<XY> expected,
-                    double tol = 1e-9) {
-    ASSERT_EQ(line.size(), expected.size());
-    std::size_t k = 0;
-    for (const XY& xy : expected) {
-        EXPECT_NEAR(line[k].x, xy.first, tol) << "vertex " << k;
-        EXPECT_NEAR(line[k].y, xy.second, tol) << "vertex " << k;
-        EXPECT_NEAR(line[k].x2D, xy.first, tol) << "vertex " << k;
-        EXPECT_NEAR(line[k].y2D, xy.second, tol) << "vertex " << k;
-        EXPECT_NEAR(line[k].z, 0.0, tol) << "vertex " << k;
-        ++k;
-    }
 }
 
 // The crossings that FindPolylineCrossings enters for `line`, in the order they leave the queue.
@@ -99,15 +83,15 @@ TEST(RvPolygon2DSplitPolylineTest, StraightLineThroughASquareKeepsTheChordBetwee
     const Split s = SplitOf(Square(), Path({{-5, 5}, {15, 5}}), true);
     EXPECT_TRUE(s.added);
     ASSERT_EQ(s.pieces.size(), 1u);
-    ExpectPolyline(s.pieces[0], {{0, 5}, {10, 5}});
+    ExpectVerticesNear(s.pieces[0], {{0, 5}, {10, 5}});
 }
 
 TEST(RvPolygon2DSplitPolylineTest, StraightLineThroughASquareKeepsBothEndsOutside) {
     const Split s = SplitOf(Square(), Path({{-5, 5}, {15, 5}}), false);
     EXPECT_TRUE(s.added);
     ASSERT_EQ(s.pieces.size(), 2u);
-    ExpectPolyline(s.pieces[0], {{-5, 5}, {0, 5}});
-    ExpectPolyline(s.pieces[1], {{10, 5}, {15, 5}});
+    ExpectVerticesNear(s.pieces[0], {{-5, 5}, {0, 5}});
+    ExpectVerticesNear(s.pieces[1], {{10, 5}, {15, 5}});
 }
 
 TEST(RvPolygon2DSplitPolylineTest, ClockwiseSquareCutsTheLineAtTheSamePoints) {
@@ -117,11 +101,11 @@ TEST(RvPolygon2DSplitPolylineTest, ClockwiseSquareCutsTheLineAtTheSamePoints) {
     const Split in = SplitOf(clockwise, Path({{-5, 5}, {15, 5}}), true);
     EXPECT_TRUE(in.added);
     ASSERT_EQ(in.pieces.size(), 1u);
-    ExpectPolyline(in.pieces[0], {{0, 5}, {10, 5}});
+    ExpectVerticesNear(in.pieces[0], {{0, 5}, {10, 5}});
     const Split out = SplitOf(clockwise, Path({{-5, 5}, {15, 5}}), false);
     ASSERT_EQ(out.pieces.size(), 2u);
-    ExpectPolyline(out.pieces[0], {{-5, 5}, {0, 5}});
-    ExpectPolyline(out.pieces[1], {{10, 5}, {15, 5}});
+    ExpectVerticesNear(out.pieces[0], {{-5, 5}, {0, 5}});
+    ExpectVerticesNear(out.pieces[1], {{10, 5}, {15, 5}});
 }
 
 TEST(RvPolygon2DSplitPolylineTest, VertexLyingOnAnEdgeIsNotCutTwice) {
@@ -132,12 +116,12 @@ TEST(RvPolygon2DSplitPolylineTest, VertexLyingOnAnEdgeIsNotCutTwice) {
     const Split in = SplitOf(Square(), line, true);
     EXPECT_TRUE(in.added);
     ASSERT_EQ(in.pieces.size(), 1u);
-    ExpectPolyline(in.pieces[0], {{5, 0}, {5, 5}});
+    ExpectVerticesNear(in.pieces[0], {{5, 0}, {5, 5}});
 
     const Split out = SplitOf(Square(), line, false);
     EXPECT_TRUE(out.added);
     ASSERT_EQ(out.pieces.size(), 1u);
-    ExpectPolyline(out.pieces[0], {{5, -5}, {5, 0}});
+    ExpectVerticesNear(out.pieces[0], {{5, -5}, {5, 0}});
 }
 
 TEST(RvPolygon2DSplitPolylineTest, PolylineWhollyInsideComesBackEqual) {
@@ -173,16 +157,16 @@ TEST(RvPolygon2DSplitPolylineTest, FewerThanTwoVerticesGiveFalseAndAddNothing) {
     EXPECT_FALSE(Square().SplitPolyline(Path({{5, 5}}), result, true));
     EXPECT_FALSE(Square().SplitPolyline(Path({{-5, 5}}), result, false));
     ASSERT_EQ(result.size(), 1u);
-    ExpectPolyline(result[0], {{1, 1}, {2, 2}});
+    ExpectVerticesNear(result[0], {{1, 1}, {2, 2}});
 }
 
 TEST(RvPolygon2DSplitPolylineTest, PiecesAreAppendedAfterWhatTheResultHeld) {
     std::vector<RvPolyLine2D> result{Path({{100, 100}, {200, 200}})};
     EXPECT_TRUE(Square().SplitPolyline(Path({{-5, 5}, {15, 5}}), result, false));
     ASSERT_EQ(result.size(), 3u);
-    ExpectPolyline(result[0], {{100, 100}, {200, 200}});
-    ExpectPolyline(result[1], {{-5, 5}, {0, 5}});
-    ExpectPolyline(result[2], {{10, 5}, {15, 5}});
+    ExpectVerticesNear(result[0], {{100, 100}, {200, 200}});
+    ExpectVerticesNear(result[1], {{-5, 5}, {0, 5}});
+    ExpectVerticesNear(result[2], {{10, 5}, {15, 5}});
 }
 
 TEST(RvPolygon2DSplitPolylineTest, ReturnsFalseWhenNothingIsAddedToAResultThatHeldPieces) {
@@ -206,19 +190,19 @@ TEST(RvPolygon2DSplitPolylineTest, ZigzagKeepsTheInnerStretchesInTheirOrder) {
     const Split s = SplitOf(Square(), Zigzag(), true);
     EXPECT_TRUE(s.added);
     ASSERT_EQ(s.pieces.size(), 3u);
-    ExpectPolyline(s.pieces[0], {{0, 1}, {2, 1}, {2, 10}});
-    ExpectPolyline(s.pieces[1], {{6, 10}, {6, 5}, {10, 5}});
+    ExpectVerticesNear(s.pieces[0], {{0, 1}, {2, 1}, {2, 10}});
+    ExpectVerticesNear(s.pieces[1], {{6, 10}, {6, 5}, {10, 5}});
     // The polyline ends inside: its last vertex closes the last piece.
-    ExpectPolyline(s.pieces[2], {{10, 3}, {8, 3}});
+    ExpectVerticesNear(s.pieces[2], {{10, 3}, {8, 3}});
 }
 
 TEST(RvPolygon2DSplitPolylineTest, ZigzagKeepsTheOuterStretchesInTheirOrder) {
     const Split s = SplitOf(Square(), Zigzag(), false);
     EXPECT_TRUE(s.added);
     ASSERT_EQ(s.pieces.size(), 3u);
-    ExpectPolyline(s.pieces[0], {{-2, 1}, {0, 1}});
-    ExpectPolyline(s.pieces[1], {{2, 10}, {2, 12}, {6, 12}, {6, 10}});
-    ExpectPolyline(s.pieces[2], {{10, 5}, {12, 5}, {12, 3}, {10, 3}});
+    ExpectVerticesNear(s.pieces[0], {{-2, 1}, {0, 1}});
+    ExpectVerticesNear(s.pieces[1], {{2, 10}, {2, 12}, {6, 12}, {6, 10}});
+    ExpectVerticesNear(s.pieces[2], {{10, 5}, {12, 5}, {12, 3}, {10, 3}});
 }
 
 TEST(RvPolygon2DSplitPolylineTest, StraightLineThroughANotchGivesTwoInnerAndThreeOuterPieces) {
@@ -230,15 +214,15 @@ TEST(RvPolygon2DSplitPolylineTest, StraightLineThroughANotchGivesTwoInnerAndThre
     const Split in = SplitOf(u, line, true);
     EXPECT_TRUE(in.added);
     ASSERT_EQ(in.pieces.size(), 2u);
-    ExpectPolyline(in.pieces[0], {{0, 15}, {10, 15}});
-    ExpectPolyline(in.pieces[1], {{20, 15}, {30, 15}});
+    ExpectVerticesNear(in.pieces[0], {{0, 15}, {10, 15}});
+    ExpectVerticesNear(in.pieces[1], {{20, 15}, {30, 15}});
 
     const Split out = SplitOf(u, line, false);
     EXPECT_TRUE(out.added);
     ASSERT_EQ(out.pieces.size(), 3u);
-    ExpectPolyline(out.pieces[0], {{-5, 15}, {0, 15}});
-    ExpectPolyline(out.pieces[1], {{10, 15}, {20, 15}});
-    ExpectPolyline(out.pieces[2], {{30, 15}, {35, 15}});
+    ExpectVerticesNear(out.pieces[0], {{-5, 15}, {0, 15}});
+    ExpectVerticesNear(out.pieces[1], {{10, 15}, {20, 15}});
+    ExpectVerticesNear(out.pieces[2], {{30, 15}, {35, 15}});
 }
 
 TEST(RvPolygon2DSplitPolylineTest, PolylineWhosePointsAreAllWithinTheMergeToleranceGivesNothing) {
@@ -257,7 +241,7 @@ TEST(RvPolygon2DSplitPolylineTest, VertexWithinTheMergeToleranceOfTheOneBeforeIs
     EXPECT_TRUE(s.added);
     ASSERT_EQ(s.pieces.size(), 1u);
     // The later of two equal points goes; the first of each pair stays exactly as given.
-    ExpectPolyline(s.pieces[0], {{2, 2}, {8, 2}, {8, 8}}, 0.0);
+    ExpectVerticesNear(s.pieces[0], {{2, 2}, {8, 2}, {8, 8}}, 0.0);
 }
 
 TEST(RvPolygon2DSplitPolylineTest, StretchesAlongTheTopAndLeftEdgesAreNotInside) {

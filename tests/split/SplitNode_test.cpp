@@ -15,22 +15,10 @@
 namespace ravelin {
 namespace {
 
+using testing_support::ExpectVerticesNear;
 using testing_support::HasValues;
 using testing_support::Ring;
 using testing_support::SameVertices;
-
-using XY = std::pair<double, double>;
-
-// The planar pairs of `p`'s vertices, in order, each within 1e-9.
-void ExpectRing(const RvPolygon2D& p, std::initializer_list<XY> expected) {
-    ASSERT_EQ(p.size(), expected.size());
-    std::size_t k = 0;
-    for (const XY& xy : expected) {
-        EXPECT_NEAR(p[k].x2D, xy.first, 1e-9) << "vertex " << k;
-        EXPECT_NEAR(p[k].y2D, xy.second, 1e-9) << "vertex " << k;
-        ++k;
-    }
-}
 
 // Nodes of type 0 at the given points, with their place in the list as index.
 SplitNodes NodesAt(std::initializer_list<RvPoint2D> points) {
@@ -227,7 +215,7 @@ TEST(AppendTracedRingTest, AppendsACleanRingAsItIsAfterWhatIsThere) {
     const RvPolygon2D copy = ring;
     AppendTracedRing(ring, result);
     ASSERT_EQ(result.size(), 2u);
-    ExpectRing(result[0], {{50, 50}, {60, 50}, {60, 60}});
+    ExpectVerticesNear(result[0], {{50, 50}, {60, 50}, {60, 60}});
     EXPECT_TRUE(SameVertices(result[1], copy));
 }
 
@@ -237,7 +225,7 @@ TEST(AppendTracedRingTest, RemovesALastVertexLyingInsideTheSeam) {
     RvPolygon2D ring = Ring({{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 5}});
     AppendTracedRing(ring, result);
     ASSERT_EQ(result.size(), 1u);
-    ExpectRing(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
 }
 
 TEST(AppendTracedRingTest, RemovesAFirstVertexLyingInsideTheSeam) {
@@ -246,7 +234,7 @@ TEST(AppendTracedRingTest, RemovesAFirstVertexLyingInsideTheSeam) {
     RvPolygon2D ring = Ring({{0, 5}, {0, 0}, {10, 0}, {10, 10}, {0, 10}});
     AppendTracedRing(ring, result);
     ASSERT_EQ(result.size(), 1u);
-    ExpectRing(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
 }
 
 TEST(AppendTracedRingTest, RemovesTheLastAndThenTheFirstVertex) {
@@ -256,7 +244,7 @@ TEST(AppendTracedRingTest, RemovesTheLastAndThenTheFirstVertex) {
     RvPolygon2D ring = Ring({{0, 3}, {0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 6}});
     AppendTracedRing(ring, result);
     ASSERT_EQ(result.size(), 1u);
-    ExpectRing(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
+    ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}});
 }
 
 TEST(AppendTracedRingTest, AVertexOnTheSeamButNotStrictlyInsideStays) {
@@ -266,7 +254,7 @@ TEST(AppendTracedRingTest, AVertexOnTheSeamButNotStrictlyInsideStays) {
     RvPolygon2D ring = Ring({{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}});
     AppendTracedRing(ring, result);
     ASSERT_EQ(result.size(), 1u);
-    ExpectRing(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}});
+    ExpectVerticesNear(result[0], {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}});
 }
 
 TEST(AppendTracedRingTest, DropsARingLeftWithTwoVerticesAfterRemovingTheLast) {
@@ -320,8 +308,8 @@ TEST(AppendTracedRingTest, AppendsRingsOfTwoVerticesOrFewerAsTheyCame) {
     AppendTracedRing(one, result);
     AppendTracedRing(none, result);
     ASSERT_EQ(result.size(), 3u);
-    ExpectRing(result[0], {{0, 0}, {10, 0}});
-    ExpectRing(result[1], {{3, 4}});
+    ExpectVerticesNear(result[0], {{0, 0}, {10, 0}});
+    ExpectVerticesNear(result[1], {{3, 4}});
     EXPECT_TRUE(result[2].empty());
 }
 

@@ -213,6 +213,27 @@ inline void ExpectPlanarNear(const RvPoint2D& p, double x2D, double y2D, double 
     EXPECT_NEAR(p.y2D, y2D, tol);
 }
 
+/// An expected vertex: a point in space whose planar pair follows its `x`, `y`.
+struct VertexAt {
+    double x;
+    double y;
+    double z = 0.0;
+};
+
+/// The vertices of `e`, in order, each within `tol` of the point expected, in space and on the
+/// planar pair.
+inline void ExpectVerticesNear(const RvDrawEntity& e, std::initializer_list<VertexAt> expected,
+                               double tol = 1e-9) {
+    ASSERT_EQ(e.size(), expected.size());
+    std::size_t k = 0;
+    for (const VertexAt& v : expected) {
+        SCOPED_TRACE("vertex " + std::to_string(k));
+        ExpectXyzNear(e[k], v.x, v.y, v.z, tol);
+        ExpectPlanarNear(e[k], v.x, v.y, tol);
+        ++k;
+    }
+}
+
 // --- Entities ----------------------------------------------------------------------------
 
 /// A path of the given vertices, appended one at a time: Path({{0, 0}, {10, 0}}) or
