@@ -10,7 +10,7 @@
 #include "ravelin/numeric/Number.h"
 #include "ravelin/numeric/RvPoint2D.h"
 #include "ravelin/polygon/RvPolygon2D.h"
-#include "support/PolygonCorpus.h"
+#include "support/RandomPolygons.h"
 #include "support/RavelinTesting.h"
 
 using namespace ravelin;

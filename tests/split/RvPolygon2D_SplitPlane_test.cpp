@@ -19,7 +19,7 @@
 #include "ravelin/numeric/RvPoint3D.h"
 #include "ravelin/polygon/RvPolygon2D.h"
 #include "ravelin/split/SplitNode.h"
-#include "support/PolygonCorpus.h"
+#include "support/RandomPolygons.h"
 #include "support/RavelinTesting.h"
 
 namespace ravelin {

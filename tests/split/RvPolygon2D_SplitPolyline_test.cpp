@@ -12,7 +12,7 @@
 #include "ravelin/numeric/RvPoint2D.h"
 #include "ravelin/polygon/RvPolygon2D.h"
 #include "ravelin/split/SplitNode.h"
-#include "support/PolygonCorpus.h"
+#include "support/RandomPolygons.h"
 #include "support/RavelinTesting.h"
 
 namespace ravelin {
