@@ -121,32 +121,6 @@ void BypassFlippedEdges(const RvPolygon2D& input, const RvPolygon2D& raw, const 
 
 // ---- Crossing edges ------------------------------------------------------------------------
 
-// The point where the collinear edges `i` and `j` overlap, tried in a fixed order: the end of
-// edge `i` inside edge `j`; none if the start of edge `i` lies inside it; the end, then the
-// start of edge `j` inside edge `i`.
-bool FindOverlapPoint(const RvPolygon2D& raw, int i, int j, RvPoint2D& y) {
-    const RvPoint2D& iEnd = At(raw, i);
-    const RvPoint2D& iStart = At(raw, i - 1);
-    const RvPoint2D& jEnd = At(raw, j);
-    const RvPoint2D& jStart = At(raw, j - 1);
-    if (iEnd.IsInsideSegment(jEnd, jStart)) {
-        y = iEnd;
-        return true;
-    }
-    if (iStart.IsInsideSegment(jEnd, jStart)) {
-        return false;
-    }
-    if (jEnd.IsInsideSegment(iEnd, iStart)) {
-        y = jEnd;
-        return true;
-    }
-    if (jStart.IsInsideSegment(iEnd, iStart)) {
-        y = jStart;
-        return true;
-    }
-    return false;
-}
-
 // Whether the part of edge `i` of `raw` from `x` to the edge's end still runs the way of the
 // input edge `i`.
 bool RunsForwardFrom(const RvPolygon2D& input, const RvPolygon2D& raw, int i, const RvPoint3D& x) {
@@ -169,7 +143,9 @@ void CrossEdges(const RvPolygon2D& input, const RvPolygon2D& raw, int i, const E
     const double gap = line.c - static_cast<double>(jEnd * line.f);
     if (std::fabs(gf) <= 1e-06) {
         RvPoint2D y;
-        if (std::fabs(gap) < 1e-05 && FindOverlapPoint(raw, i, j, y)) {
+        if (std::fabs(gap) < 1e-05 &&
+            RvPolygon2D::FindOverlapPoint(At(raw, i - 1), At(raw, i), At(raw, j - 1), At(raw, j),
+                                          y)) {
             AddCutPair(cuts, y, i, j);
         }
         return;
@@ -203,28 +179,6 @@ void FindCrossings(const RvPolygon2D& input, const RvPolygon2D& raw, const RvPoi
         line.c = At(raw, i) * line.f;
         for (int j = i + 2; j < count; ++j) {
             CrossEdges(input, raw, i, line, j, cuts);
-        }
-    }
-}
-
-// ---- No cuts: cleaning ---------------------------------------------------------------------
-
-// Removes the vertices that are straight, folded or on a null edge. After a removal the vertex
-// that takes the place is judged with the same predecessor.
-void RemoveFlatVertices(RvPolygon2D& raw) {
-    std::size_t k = 0;
-    while (k < raw.size()) {
-        // Vertex 0 has no vertex before it in the vector, also after vertex 0 has been removed:
-        // its predecessor is the last vertex, the ring's own neighbour.
-        const RvPoint3D& predecessor = k == 0 ? raw[raw.size() - 1] : raw[k - 1];
-        const RvPoint3D& next = *raw.GetNextPoint(static_cast<int>(k));
-        const RvPoint3D a = Minus(predecessor, raw[k]);
-        const RvPoint3D b = Minus(next, raw[k]);
-        const double sizes = static_cast<double>(a.GetSize()) * static_cast<double>(b.GetSize());
-        if (std::fabs(static_cast<double>(a * b)) > sizes - 1e-08) {
-            raw.erase(raw.begin() + static_cast<std::ptrdiff_t>(k));
-        } else {
-            ++k;
         }
     }
 }
@@ -470,6 +424,44 @@ void RvPolygon2D::GetExtend(double distance, std::vector<RvPolygon2D>& result) {
     }
     if (distance < 1e-06) {
         FilterParts(*this, n, result, first);
+    }
+}
+
+bool RvPolygon2D::FindOverlapPoint(const RvPoint2D& iStart, const RvPoint2D& iEnd,
+                                   const RvPoint2D& jStart, const RvPoint2D& jEnd, RvPoint2D& y) {
+    if (iEnd.IsInsideSegment(jEnd, jStart)) {
+        y = iEnd;
+        return true;
+    }
+    if (iStart.IsInsideSegment(jEnd, jStart)) {
+        return false;
+    }
+    if (jEnd.IsInsideSegment(iEnd, iStart)) {
+        y = jEnd;
+        return true;
+    }
+    if (jStart.IsInsideSegment(iEnd, iStart)) {
+        y = jStart;
+        return true;
+    }
+    return false;
+}
+
+void RvPolygon2D::RemoveFlatVertices(RvPolygon2D& ring) {
+    std::size_t k = 0;
+    while (k < ring.size()) {
+        // Vertex 0 has no vertex before it in the vector, also after vertex 0 has been removed:
+        // its predecessor is the last vertex, the ring's own neighbour.
+        const RvPoint3D& predecessor = k == 0 ? ring[ring.size() - 1] : ring[k - 1];
+        const RvPoint3D& next = *ring.GetNextPoint(static_cast<int>(k));
+        const RvPoint3D a = predecessor - ring[k];
+        const RvPoint3D b = next - ring[k];
+        const double sizes = static_cast<double>(a.GetSize()) * static_cast<double>(b.GetSize());
+        if (std::fabs(static_cast<double>(a * b)) > sizes - 1e-08) {
+            ring.erase(ring.begin() + static_cast<std::ptrdiff_t>(k));
+        } else {
+            ++k;
+        }
     }
 }
 

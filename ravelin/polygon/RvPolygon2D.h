@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <queue>
 #include <vector>
 
@@ -301,6 +302,55 @@ public:
     /// trimming the result built so far.
     RvPolygon2D GetExtendXX(double distance);
 
+    /// Where two collinear edges, i and j, overlap, tried in a fixed order: the end of
+    /// edge i inside edge j; none if the start of edge i lies inside it; the end, then the
+    /// start of edge j inside edge i.
+    static bool FindOverlapPoint(const RvPoint2D& iStart, const RvPoint2D& iEnd,
+                                 const RvPoint2D& jStart, const RvPoint2D& jEnd, RvPoint2D& y);
+
+    // ---- Per-edge offsets --------------------------------------------------------------------
+    //
+    // Every edge moves by a distance of its own, signed as above. `distances[i]` belongs to the
+    // edge that ends at vertex i of the working copy of the ring, which drops doubled vertices
+    // and collinear runs (and a vertex 0 that repeats the last one): after such a drop the
+    // entries no longer follow the input's indices. The edges move in passes, each edge sliding
+    // its ends along its neighbours, and `distances` keeps what each edge has still to travel:
+    // it ends with the remainders. Too short a vector raises "invalid vector<T> subscript".
+
+    /// GetExtendEx: appends the per-edge offset as polygons. Edges that stop at a neighbour
+    /// that has shrunk to nothing wait for a later pass; the last of the five passes moves them
+    /// without limits. Collapsed and flipped edges leave the ring, the ring is cut where it
+    /// crosses itself, and the pieces that turn the way the polygon turns are kept. Nothing for
+    /// a polygon without a normal.
+    void GetExtendEx(std::vector<double>& distances, std::vector<RvPolygon2D>& result);
+    /// GetExtendEx2: as GetExtendEx, but the edges take their directions from the ring as it
+    /// moves and are limited in every pass; an edge is dropped when it runs against its input
+    /// direction, and a piece when its normal turns against the polygon's.
+    void GetExtendEx2(std::vector<double>& distances, std::vector<RvPolygon2D>& result);
+    /// GetExtendEx: every edge at `distance`, by GetExtendEx (`useEx2` 0) or GetExtendEx2.
+    /// Nothing for a polygon without vertices.
+    void GetExtendEx(double distance, std::vector<RvPolygon2D>& result, int useEx2);
+    /// GetExtendEx: each edge at `first`, or at `second` when both its ends lie on the
+    /// non-positive side of the nearest segment of `outline` (the planar cross product of the
+    /// segment taken backwards from its end with the way from that end to the vertex): for an
+    /// outline running along +x, `second` for edges above it. By GetExtendEx (`useEx2` 0) or
+    /// GetExtendEx2.
+    void GetExtendEx(double first, double second, const RvPolyLine2D& outline,
+                     std::vector<RvPolygon2D>& result, int useEx2);
+    /// GetOffsetEx: the per-edge offset as one polygon, about `normal` (the ring may be a chain
+    /// without a normal of its own): the last piece traced, or the moved ring when nothing was
+    /// traced, with its straight and folded vertices removed. A copy of this polygon for fewer
+    /// than two distances; an empty polygon for a null `normal`.
+    RvPolygon2D GetOffsetEx(std::vector<double>& distances, const RvPoint3D& normal) const;
+    /// GetOffsetEx2: as GetOffsetEx, with the edges moved as by GetExtendEx2.
+    RvPolygon2D GetOffsetEx2(std::vector<double>& distances, const RvPoint3D& normal);
+    /// GetOffsetEx: every edge at `distance`, by GetOffsetEx (`useEx2` 0) or GetOffsetEx2.
+    RvPolygon2D GetOffsetEx(double distance, const RvPoint3D& normal, int useEx2);
+    /// GetOffsetEx: each edge at `first` or `second` as chosen by `outline`, by GetOffsetEx
+    /// (`useEx2` 0) or GetOffsetEx2.
+    RvPolygon2D GetOffsetEx(double first, double second, const RvPolyLine2D& outline,
+                            const RvPoint3D& normal, int useEx2);
+
     // ---- Straight skeleton ----------------------------------------------------------------------
 
     /// GetSkelet: the polygon's straight skeleton, made on first use. A counterclockwise polygon
@@ -336,6 +386,60 @@ private:
     /// Traces the rings of a plane cut from `start`: where a node keeps links after its last one
     /// was taken, the ring beyond it is traced and appended before the current one.
     static void TraceChordLoops(SplitNode* start, std::vector<RvPolygon2D>& result);
+
+    /// Removes the vertices that are straight, folded or on a null edge (|A·B| above
+    /// |A||B| - 1e-08 for the arms A and B). After a removal the vertex that takes the place is
+    /// judged with the same predecessor; vertex 0 takes the last vertex as its predecessor.
+    static void RemoveFlatVertices(RvPolygon2D& ring);
+
+    /// Copies `source` into this empty polygon for per-edge offsetting, through
+    /// AddPolygonPoint, leaving out vertices on a null edge; returns the unit outer normal about
+    /// `normal` of each edge of the copy, by the index of the vertex that ends it.
+    std::map<int, RvPoint3D> CopyOffsetRing(const RvPolygon2D& source, const RvPoint3D& normal);
+    /// Overwrites `edgeIndices` with the indices of all vertices, in order.
+    void FillEdgeIndices(std::vector<int>& edgeIndices) const;
+    /// The moving passes of the per-edge offsets over the edges in `edgeIndices`, by
+    /// MoveOffsetEdge or (`useEx2`) MoveOffsetEdge2. A `chain` has no neighbour before its first
+    /// edge or after its last one for the walks over collapsed vertices.
+    void MoveOffsetEdges(std::map<int, RvPoint3D>& edgeDirections, std::vector<double>& distances,
+                         std::vector<int>& edgeIndices, const RvPoint3D& normal, bool useEx2,
+                         bool chain);
+    /// Moves edge `edge` (ending at that vertex) by what is left of its distance, its ends
+    /// sliding along the lines of its neighbours in `edgeDirections`; with `limited`, no further
+    /// than a shrinking neighbour's length or the meeting point of the neighbours' lines.
+    /// Collapsed vertices next to the ends move with them, up to `before` and `after`. False,
+    /// with nothing moved, where a direction is null or a shrinking neighbour runs along the
+    /// edge.
+    bool MoveOffsetEdge(int edge, std::map<int, RvPoint3D>& edgeDirections,
+                        std::vector<double>& distances, const RvPoint3D& normal, RvPoint2D* before,
+                        RvPoint2D* after, bool limited);
+    /// The variant of GetExtendEx2: the edge and its neighbours (the nearest edges of
+    /// `edgeIndices` that are not null) take their directions from the ring as it stands, and
+    /// the limits always apply.
+    bool MoveOffsetEdge2(int edge, std::vector<double>& distances, std::vector<int>& edgeIndices,
+                         const RvPoint3D& normal, RvPoint2D* before, RvPoint2D* after);
+    /// Adds a type 2 node, indexed by the later edge, for each place where the edge at
+    /// `position` of `edgeIndices` crosses or overlaps a later edge that is not its neighbour;
+    /// each node also goes to `edgeNodes`, the list of the edge at `position`.
+    void FindEdgeCrossings(std::size_t position, const std::vector<int>& edgeIndices,
+                           const RvPoint3D& normal, SplitNodes& nodes,
+                           std::vector<SplitNode*>& edgeNodes) const;
+    /// Builds the ring of the edges in `edgeIndices` with their crossings as a node graph and
+    /// appends the loops it falls into.
+    void TraceOffsetGraph(const std::vector<int>& edgeIndices, const RvPoint3D& normal,
+                          std::vector<RvPolygon2D>& result) const;
+    /// Traces the loops of a ring that crosses itself, inner loops first, as TraceChordLoops.
+    static void TraceOffsetLoops(SplitNode* start, std::vector<RvPolygon2D>& result);
+    /// The distance of each vertex's edge, `first` or `second`: `first` unless both ends of the
+    /// edge (the vertex and the one before it) lie on the non-positive side of the nearest
+    /// segment of `outline` (its segment 0 left out), judged by the planar cross product of the
+    /// segment, taken backwards from its end, with the way to the vertex. `first` throughout
+    /// when `outline` has no vertices.
+    std::vector<double> GetOutlineDistances(double first, double second,
+                                            const RvPolyLine2D& outline) const;
+    /// The per-edge offset as one polygon, by GetOffsetEx or (`useEx2`) GetOffsetEx2.
+    RvPolygon2D OffsetEdgesToPolygon(std::vector<double>& distances, const RvPoint3D& normal,
+                                     bool useEx2) const;
 
     /// Whether `point` lies inside and at least |distance| from every edge, outside the cone of
     /// each offset corner. `index` receives the end vertex of an edge found too near, and is

@@ -16,20 +16,52 @@ SplitNode* AddSplitNode(SplitNodes& nodes, int type, const RvPoint2D& point, int
     return nodes.back().get();
 }
 
-void SortSplitNodesByDistance(SplitNodes& nodes, std::size_t first, const RvPoint3D& origin) {
+namespace {
+
+// The node held at place `i`, whether the list owns it or not.
+SplitNode* NodeAt(const SplitNodes& nodes, std::size_t i) {
+    return nodes[i].get();
+}
+SplitNode* NodeAt(const std::vector<SplitNode*>& nodes, std::size_t i) {
+    return nodes[i];
+}
+
+template <typename List>
+void SortByDistance(List& nodes, std::size_t first, const RvPoint3D& origin) {
     for (std::size_t i = first; i < nodes.size(); ++i) {
         for (std::size_t j = i + 1; j < nodes.size(); ++j) {
-            if (nodes[j]->point.Distance2D(origin) < nodes[i]->point.Distance2D(origin)) {
+            if (NodeAt(nodes, j)->point.Distance2D(origin) <
+                NodeAt(nodes, i)->point.Distance2D(origin)) {
                 std::swap(nodes[i], nodes[j]);
             }
         }
     }
 }
 
-void LinkSplitRing(SplitNodes& nodes) {
+template <typename List>
+void LinkRing(const List& nodes) {
     for (std::size_t i = 0; i < nodes.size(); ++i) {
-        nodes[i]->links.push_back(nodes[(i + 1) % nodes.size()].get());
+        NodeAt(nodes, i)->links.push_back(NodeAt(nodes, (i + 1) % nodes.size()));
     }
+}
+
+}  // namespace
+
+void SortSplitNodesByDistance(SplitNodes& nodes, std::size_t first, const RvPoint3D& origin) {
+    SortByDistance(nodes, first, origin);
+}
+
+void SortSplitNodesByDistance(std::vector<SplitNode*>& nodes, std::size_t first,
+                              const RvPoint3D& origin) {
+    SortByDistance(nodes, first, origin);
+}
+
+void LinkSplitRing(SplitNodes& nodes) {
+    LinkRing(nodes);
+}
+
+void LinkSplitRing(const std::vector<SplitNode*>& ring) {
+    LinkRing(ring);
 }
 
 namespace {

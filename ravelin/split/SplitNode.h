@@ -94,9 +94,15 @@ RAVELIN_API SplitNode* AddSplitNode(SplitNodes& nodes, int type, const RvPoint2D
 /// band. Nodes at equal distance keep no particular order.
 RAVELIN_API void SortSplitNodesByDistance(SplitNodes& nodes, std::size_t first,
                                           const RvPoint3D& origin);
+/// The same for a list that does not own its nodes.
+RAVELIN_API void SortSplitNodesByDistance(std::vector<SplitNode*>& nodes, std::size_t first,
+                                          const RvPoint3D& origin);
 
 /// Links each node to the one after it, and the last to the first: the ring the walks follow.
 RAVELIN_API void LinkSplitRing(SplitNodes& nodes);
+/// The same for a ring that does not own its nodes. A node that stands in it twice, as a
+/// crossing of the ring with itself does, gets a link for each place.
+RAVELIN_API void LinkSplitRing(const std::vector<SplitNode*>& ring);
 
 /// Appends a traced ring to `result`, tidied at its seam: a last vertex strictly inside the
 /// segment from the second last to the first goes, then a first vertex strictly inside the

@@ -1,0 +1,366 @@
+#include <cmath>
+#include <cstddef>
+#include <iterator>
+#include <map>
+#include <vector>
+
+#include "ravelin/numeric/Number.h"
+#include "ravelin/platform/CheckedVector.h"
+#include "ravelin/polygon/RvPolygon2D.h"
+
+namespace ravelin {
+
+namespace {
+
+// The vector from `from` to `to` in space, whatever the two points carry in the plane.
+RvPoint3D Between(const RvPoint3D& from, const RvPoint3D& to) {
+    return to - from;
+}
+
+// Vertex `i` of `ring`, brought round the ring.
+RvPoint2D& Around(RvPolygon2D& ring, int i) {
+    ring.ValidateIndex(i);
+    return ring[static_cast<std::size_t>(i)];
+}
+const RvPoint2D& Around(const RvPolygon2D& ring, int i) {
+    ring.ValidateIndex(i);
+    return ring[static_cast<std::size_t>(i)];
+}
+
+// How an edge moves: it runs from vertex `start` to vertex `end` and moves along its unit outer
+// normal `m`; its start slides along `dp`, the direction of the edge before it, and its end
+// along `dn`, the direction of the edge after it, both pointing forward along the ring. A
+// neighbour that may shrink has its length in `back` or `ahead`, if one was found.
+struct EdgeSlide {
+    int start = 0;
+    int end = 0;
+    RvPoint3D m;
+    RvPoint3D dp;
+    RvPoint3D dn;
+    double c1 = 0;  // dp·m: how far the start travels along its neighbour per unit moved
+    double c2 = 0;  // dn·m: the same for the end
+    bool hasBack = false;
+    double back = 0;
+    bool hasAhead = false;
+    double ahead = 0;
+};
+
+// The first edge that is not null walking from vertex `from` by `step` (-1: the edges ending
+// at `from` and before; +1: those starting there and after), never taking an edge that starts
+// (walking back) or ends (walking ahead) beyond `stop`. Its vector runs forward along the ring.
+bool FindLiveEdge(const RvPolygon2D& ring, int from, int step, const RvPoint2D* stop,
+                  RvPoint3D& edge) {
+    int k = from;
+    for (std::size_t walked = 0; walked < ring.size(); ++walked) {
+        if (&Around(ring, k) == stop) {
+            return false;
+        }
+        const RvPoint3D v = step < 0 ? Between(Around(ring, k - 1), Around(ring, k))
+                                     : Between(Around(ring, k), Around(ring, k + 1));
+        if (!v.IsNull()) {
+            edge = v;
+            return true;
+        }
+        k += step;
+    }
+    return false;
+}
+
+// The same over the edges listed in `edgeIndices`, from the edge at `position` by `step`: the
+// edge of entry q runs from the vertex of entry q - 1 to the vertex of entry q. The edge at
+// `position` itself is never taken.
+bool FindListedLiveEdge(const RvPolygon2D& ring, const std::vector<int>& edgeIndices,
+                        std::size_t position, int step, RvPoint3D& edge) {
+    const std::size_t count = edgeIndices.size();
+    std::size_t q = position;
+    for (std::size_t walked = 1; walked < count; ++walked) {
+        q = step < 0 ? (q + count - 1) % count : (q + 1) % count;
+        const RvPoint3D v =
+            Between(CheckedAt(ring, CheckedAt(edgeIndices, (q + count - 1) % count)),
+                    CheckedAt(ring, CheckedAt(edgeIndices, q)));
+        if (!v.IsNull()) {
+            edge = v;
+            return true;
+        }
+    }
+    return false;
+}
+
+// `d` brought down to `bound` in magnitude, keeping its sign.
+double Clamp(double d, double bound) {
+    if (std::fabs(d) > bound) {
+        return d < -1e-07 ? -bound : bound;
+    }
+    return d;
+}
+
+// How far from the edge's line the lines of its two neighbours meet; false where they are
+// parallel (DajPriesecnik refuses them).
+bool NeighboursMeet(const RvPolygon2D& ring, const EdgeSlide& s, const RvPoint3D& normal,
+                    double& height) {
+    try {
+        const RvPoint3D x = RvPoint3D::DajPriesecnik(ring[static_cast<std::size_t>(s.start)], s.dp,
+                                                     ring[static_cast<std::size_t>(s.end)],
+                                                     s.dn.GetVektorovySucin(normal));
+        height = x.DistanceFromPlane(ring[static_cast<std::size_t>(s.end)], s.m);
+        return true;
+    } catch (double) {
+        return false;
+    }
+}
+
+// Limits the move `d` by the neighbour before the edge, if that neighbour shrinks: the start
+// slides by dp·(d / c1), and since dp points into the start, it runs back along its neighbour
+// when d·c1 is negative. The move stops where the neighbour has shrunk to nothing, and, if the
+// end's neighbour does not grow meanwhile, where the two neighbours' lines meet. False when
+// the shrinking neighbour runs along the edge, so that the start cannot slide on it.
+bool LimitAtStart(const RvPolygon2D& ring, const EdgeSlide& s, const RvPoint3D& normal, double& d) {
+    if (!(d * s.c1 < -1e-08)) {
+        return true;
+    }
+    if (std::fabs(s.c1) < 1e-06) {
+        return false;
+    }
+    if (!s.hasBack) {
+        return true;
+    }
+    d = Clamp(d, s.back * std::fabs(s.c1));
+    double height = 0;
+    if (s.c2 * d >= -1e-08 && NeighboursMeet(ring, s, normal, height)) {
+        d = Clamp(d, height);
+    }
+    return true;
+}
+
+// The mirror image for the neighbour after the edge: dn points away from the end, so that
+// neighbour shrinks when d·c2 is positive, and the start's neighbour grows when d·c1 is.
+bool LimitAtEnd(const RvPolygon2D& ring, const EdgeSlide& s, const RvPoint3D& normal, double& d) {
+    if (!(d * s.c2 > 1e-08)) {
+        return true;
+    }
+    if (std::fabs(s.c2) < 1e-06) {
+        return false;
+    }
+    if (!s.hasAhead) {
+        return true;
+    }
+    d = Clamp(d, s.ahead * std::fabs(s.c2));
+    double height = 0;
+    if (s.c1 * d <= 1e-08 && NeighboursMeet(ring, s, normal, height)) {
+        d = Clamp(d, height);
+    }
+    return true;
+}
+
+// Where an end at `from` goes when the edge moves by `d`: along the neighbour's direction
+// `slide`, so as to stay on the neighbour's line, unless the neighbour runs along the edge.
+RvPoint3D SlidTo(const RvPoint3D& from, const RvPoint3D& m, const RvPoint3D& slide, double c,
+                 double d) {
+    if (std::fabs(c) < 1e-06) {
+        return from + m * d;
+    }
+    return from + slide * (d / c);
+}
+
+// Puts vertex `vertex` at `to`, together with the vertices that sat on it, walking by `step`
+// up to but not including `stop`: a collapsed edge stays collapsed.
+void MoveCollapsed(RvPolygon2D& ring, int vertex, const RvPoint3D& to, int step,
+                   const RvPoint2D* stop) {
+    const RvPoint3D from = Around(ring, vertex);
+    Around(ring, vertex) = RvPoint2D(to);
+    int k = vertex;
+    for (std::size_t walked = 1; walked < ring.size(); ++walked) {
+        k += step;
+        RvPoint2D& next = Around(ring, k);
+        if (&next == stop || !Between(from, next).IsNull()) {
+            return;
+        }
+        next = RvPoint2D(to);
+    }
+}
+
+// Moves both ends of the edge by `d`, then what collapsed onto them.
+void MoveEdgeEnds(RvPolygon2D& ring, const EdgeSlide& s, double d, const RvPoint2D* before,
+                  const RvPoint2D* after) {
+    const RvPoint3D start = SlidTo(Around(ring, s.start), s.m, s.dp, s.c1, d);
+    const RvPoint3D end = SlidTo(Around(ring, s.end), s.m, s.dn, s.c2, d);
+    MoveCollapsed(ring, s.start, start, -1, before);
+    MoveCollapsed(ring, s.end, end, 1, after);
+}
+
+// The bounds of the walks from the edge at place `k` of `active`: the start of the previous
+// active edge and the end of the next one. A lone edge may walk round the ring, back up to
+// the vertex after its end and ahead up to the one before its start. A chain has no edge
+// before its first edge nor after its last one: their walks stop at their own ends.
+void FindWalkBounds(RvPolygon2D& ring, const std::vector<int>& active, std::size_t k, bool chain,
+                    RvPoint2D*& before, RvPoint2D*& after) {
+    const int edge = active[k];
+    const std::size_t count = active.size();
+    int back = edge + 1;
+    int ahead = edge - 2;
+    if (count > 1) {
+        back = active[(k + count - 1) % count] - 1;
+        ahead = active[(k + 1) % count];
+    }
+    if (chain && k == 0) {
+        back = edge - 1;
+    }
+    if (chain && k + 1 == count) {
+        ahead = edge;
+    }
+    before = &Around(ring, back);
+    after = &Around(ring, ahead);
+}
+
+}  // namespace
+
+std::map<int, RvPoint3D> RvPolygon2D::CopyOffsetRing(const RvPolygon2D& source,
+                                                     const RvPoint3D& normal) {
+    std::map<int, RvPoint3D> edgeDirections;
+    for (int i = 0; i < static_cast<int>(source.size()); ++i) {
+        const RvPoint2D& vertex = source[static_cast<std::size_t>(i)];
+        RvPoint3D back = Between(vertex, *source.GetPrevPoint(i));
+        if (back.IsNull()) {
+            continue;
+        }
+        back.Normalize();
+        const std::size_t count = size();
+        const bool placed = AddPolygonPoint(vertex);
+        // A vertex added, or one that took the place of the last (it extended a straight run,
+        // so its backward vector runs along that edge too), ends an edge of this direction. A
+        // fold takes the last vertex away, and with it its edge.
+        if (size() > count || (placed && size() == count && count > 1)) {
+            edgeDirections[static_cast<int>(size()) - 1] = normal.GetVektorovySucin(back);
+        }
+        edgeDirections.erase(edgeDirections.lower_bound(static_cast<int>(size())),
+                             edgeDirections.end());
+    }
+    return edgeDirections;
+}
+
+void RvPolygon2D::FillEdgeIndices(std::vector<int>& edgeIndices) const {
+    edgeIndices.clear();
+    for (int i = 0; i < static_cast<int>(size()); ++i) {
+        edgeIndices.push_back(i);
+    }
+}
+
+void RvPolygon2D::MoveOffsetEdges(std::map<int, RvPoint3D>& edgeDirections,
+                                  std::vector<double>& distances, std::vector<int>& edgeIndices,
+                                  const RvPoint3D& normal, bool useEx2, bool chain) {
+    std::vector<int> activeEdges = edgeIndices;
+    int passes = 5;
+    // A pass that finishes an edge does not count, so the loop ends: each pass either shortens
+    // the list or uses up one of the passes.
+    while (!activeEdges.empty() && passes >= 1) {
+        bool removed = false;
+        std::size_t k = 0;
+        while (k < activeEdges.size()) {
+            const int edge = activeEdges[k];
+            RvPoint2D* before = nullptr;
+            RvPoint2D* after = nullptr;
+            FindWalkBounds(*this, activeEdges, k, chain, before, after);
+            if (useEx2) {
+                MoveOffsetEdge2(edge, distances, edgeIndices, normal, before, after);
+            } else {
+                MoveOffsetEdge(edge, edgeDirections, distances, normal, before, after, passes != 1);
+            }
+            if (std::fabs(CheckedAt(distances, edge)) < 0.0001) {
+                activeEdges.erase(activeEdges.begin() + static_cast<std::ptrdiff_t>(k));
+                removed = true;
+            } else {
+                ++k;
+            }
+        }
+        if (!removed) {
+            --passes;
+        }
+    }
+}
+
+bool RvPolygon2D::MoveOffsetEdge(int edge, std::map<int, RvPoint3D>& edgeDirections,
+                                 std::vector<double>& distances, const RvPoint3D& normal,
+                                 RvPoint2D* before, RvPoint2D* after, bool limited) {
+    const auto found = edgeDirections.find(edge);
+    if (found == edgeDirections.end() || size() < 2) {
+        return false;
+    }
+    // The neighbours are the entries next to this one, round the map, as the copy recorded
+    // them: a neighbour that has collapsed still lends its line.
+    const auto previous =
+        found == edgeDirections.begin() ? std::prev(edgeDirections.end()) : std::prev(found);
+    const auto next =
+        std::next(found) == edgeDirections.end() ? edgeDirections.begin() : std::next(found);
+    EdgeSlide s;
+    s.end = edge;
+    s.start = edge - 1;
+    ValidateIndex(s.start);
+    s.m = found->second;
+    s.dp = normal.GetVektorovySucin(previous->second);
+    s.dn = normal.GetVektorovySucin(next->second);
+    if (s.m.IsNull() || s.dp.IsNull() || s.dn.IsNull()) {
+        return false;
+    }
+    s.c1 = s.dp * s.m;
+    s.c2 = s.dn * s.m;
+    RvPoint3D edgeVector;
+    s.hasBack = FindLiveEdge(*this, s.start, -1, before, edgeVector);
+    s.back = s.hasBack ? static_cast<double>(edgeVector.GetSize()) : 0.0;
+    s.hasAhead = FindLiveEdge(*this, s.end, 1, after, edgeVector);
+    s.ahead = s.hasAhead ? static_cast<double>(edgeVector.GetSize()) : 0.0;
+    double& remainder = CheckedAt(distances, edge);
+    double d = remainder;
+    if (limited && !(LimitAtStart(*this, s, normal, d) && LimitAtEnd(*this, s, normal, d))) {
+        return false;
+    }
+    MoveEdgeEnds(*this, s, d, before, after);
+    remainder -= d;
+    return true;
+}
+
+bool RvPolygon2D::MoveOffsetEdge2(int edge, std::vector<double>& distances,
+                                  std::vector<int>& edgeIndices, const RvPoint3D& normal,
+                                  RvPoint2D* before, RvPoint2D* after) {
+    std::size_t position = 0;
+    while (position < edgeIndices.size() && edgeIndices[position] != edge) {
+        ++position;
+    }
+    if (position == edgeIndices.size() || size() < 2) {
+        return false;
+    }
+    // The directions come from the ring as it stands: a neighbour that has collapsed is passed
+    // over, and the end slides on along the next edge that is not null. A neighbour taken is
+    // never null, so the limits never meet a zero length.
+    EdgeSlide s;
+    s.end = CheckedAt(edgeIndices, position);
+    s.start = CheckedAt(edgeIndices, (position + edgeIndices.size() - 1) % edgeIndices.size());
+    RvPoint3D back = Between(CheckedAt(*this, s.end), CheckedAt(*this, s.start));
+    RvPoint3D previous;
+    RvPoint3D next;
+    if (back.IsNull() || !FindListedLiveEdge(*this, edgeIndices, position, -1, previous) ||
+        !FindListedLiveEdge(*this, edgeIndices, position, 1, next)) {
+        return false;
+    }
+    back.Normalize();
+    s.m = normal.GetVektorovySucin(back);
+    s.hasBack = true;
+    s.back = static_cast<double>(previous.GetSize());
+    s.hasAhead = true;
+    s.ahead = static_cast<double>(next.GetSize());
+    previous.Normalize();
+    next.Normalize();
+    s.dp = previous;
+    s.dn = next;
+    s.c1 = s.dp * s.m;
+    s.c2 = s.dn * s.m;
+    double& remainder = CheckedAt(distances, edge);
+    double d = remainder;
+    if (!(LimitAtStart(*this, s, normal, d) && LimitAtEnd(*this, s, normal, d))) {
+        return false;
+    }
+    MoveEdgeEnds(*this, s, d, before, after);
+    remainder -= d;
+    return true;
+}
+
+}  // namespace ravelin
