@@ -24,3 +24,4 @@ bench:
 	./build/bench/bench/combine_benchmark
 	./build/bench/bench/skeleton_benchmark
 	./build/bench/bench/offset_benchmark
+	./build/bench/bench/extendex_benchmark

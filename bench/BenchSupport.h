@@ -12,12 +12,17 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <random>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "ravelin/numeric/Number.h"
 
 // Reads the arguments that benchmark::Initialize left. `valid` says whether a vertex count fits
 // the program's shapes, and `rule` describes the counts it accepts. False, with a message, for
@@ -88,3 +93,28 @@ public:
         ConsoleReporter::ReportRuns(runs);
     }
 };
+
+// A wobbly ring of `n` vertices about (500, 500), counterclockwise: the radius at angle t is
+// 400 + 30 sin 7t + 15 sin(13t + 1), so the ring bulges and dents 20 times round; each vertex's
+// angle is jittered by up to 0.2 of a step (std::mt19937 seeded with `seed`, with its own
+// conversion to doubles, so the same with every standard library). The dents are concave, with
+// radii of curvature of 35 or more, so an offset by up to 15 either way neither crosses itself
+// nor loses an edge for a smooth ring; at every size the polygon has reflex vertices.
+// Coordinates lie between 55 and 945. Each point comes with its angle t.
+struct WobblyPoint {
+    double x;
+    double y;
+    double t;
+};
+inline std::vector<WobblyPoint> WobblyRing(int n, unsigned seed) {
+    std::vector<WobblyPoint> ring;
+    std::mt19937 g(seed);
+    const double step = 2 * ravelin::kPi / n;
+    for (int i = 0; i < n; ++i) {
+        const double u = static_cast<double>(g()) / 4294967296.0;
+        const double t = step * (i + 0.4 * (u - 0.5));
+        const double r = 400.0 + 30.0 * std::sin(7.0 * t) + 15.0 * std::sin(13.0 * t + 1.0);
+        ring.push_back({500.0 + r * std::cos(t), 500.0 + r * std::sin(t), t});
+    }
+    return ring;
+}

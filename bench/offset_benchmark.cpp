@@ -27,7 +27,6 @@
 #include <exception>
 #include <map>
 #include <memory>
-#include <random>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -38,8 +37,6 @@
 #include "ravelin/polygon/RvPolygon2D.h"
 
 namespace {
-
-using ravelin::kPi;
 
 namespace cl = ClipperLib;
 
@@ -76,12 +73,7 @@ struct Inputs {
     cl::Path path;        // the same, scaled
 };
 
-// A wobbly ring of `n` vertices about (500, 500), counterclockwise: the radius at angle t is
-// 400 + 30 sin 7t + 15 sin(13t + 1), so the ring bulges and dents 20 times round; each vertex's
-// angle is jittered by up to 0.2 of a step (std::mt19937, with its own conversion to doubles, so
-// the same with every standard library). The dents are concave, with radii of curvature of 35 or
-// more, so an offset by 10 either way neither crosses itself nor loses an edge for a smooth
-// ring; at every size the polygon has reflex vertices. Coordinates lie between 55 and 945.
+// The wobbly ring of BenchSupport.h.
 //
 // The jitter's seed is 4 at every size. It keeps the inputs clear of one tolerance of Ravelin's
 // point-in-polygon test, which the inward GetExtend runs on every vertex of its result: a
@@ -92,17 +84,10 @@ struct Inputs {
 std::unique_ptr<Inputs> MakeInputs(int n) {
     auto in = std::make_unique<Inputs>();
     in->n = n;
-    std::mt19937 g(4);
-    const double step = 2 * kPi / n;
-    for (int i = 0; i < n; ++i) {
-        const double u = static_cast<double>(g()) / 4294967296.0;
-        const double t = step * (i + 0.4 * (u - 0.5));
-        const double r = 400.0 + 30.0 * std::sin(7.0 * t) + 15.0 * std::sin(13.0 * t + 1.0);
-        const double x = 500.0 + r * std::cos(t);
-        const double y = 500.0 + r * std::sin(t);
-        in->polygon.push_backA(RvPoint2D(x, y));
-        in->path.emplace_back(static_cast<cl::cInt>(std::llround(x * kScale)),
-                              static_cast<cl::cInt>(std::llround(y * kScale)));
+    for (const WobblyPoint& p : WobblyRing(n, 4)) {
+        in->polygon.push_backA(RvPoint2D(p.x, p.y));
+        in->path.emplace_back(static_cast<cl::cInt>(std::llround(p.x * kScale)),
+                              static_cast<cl::cInt>(std::llround(p.y * kScale)));
     }
     return in;
 }

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <iterator>
@@ -62,26 +63,6 @@ bool FindLiveEdge(const RvPolygon2D& ring, int from, int step, const RvPoint2D* 
             return true;
         }
         k += step;
-    }
-    return false;
-}
-
-// The same over the edges listed in `edgeIndices`, from the edge at `position` by `step`: the
-// edge of entry q runs from the vertex of entry q - 1 to the vertex of entry q. The edge at
-// `position` itself is never taken.
-bool FindListedLiveEdge(const RvPolygon2D& ring, const std::vector<int>& edgeIndices,
-                        std::size_t position, int step, RvPoint3D& edge) {
-    const std::size_t count = edgeIndices.size();
-    std::size_t q = position;
-    for (std::size_t walked = 1; walked < count; ++walked) {
-        q = step < 0 ? (q + count - 1) % count : (q + 1) % count;
-        const RvPoint3D v =
-            Between(CheckedAt(ring, CheckedAt(edgeIndices, (q + count - 1) % count)),
-                    CheckedAt(ring, CheckedAt(edgeIndices, q)));
-        if (!v.IsNull()) {
-            edge = v;
-            return true;
-        }
     }
     return false;
 }
@@ -212,6 +193,54 @@ void FindWalkBounds(RvPolygon2D& ring, const std::vector<int>& active, std::size
     after = &Around(ring, ahead);
 }
 
+// How edge `edge` of `ring` moves: its outer normal and those of its neighbours are the entries
+// next to it in `edgeDirections`, round the map, as the copy recorded them, so a neighbour that
+// has collapsed still lends its line. A shrinking neighbour's length is that of the first edge
+// that is not null behind the start (ahead of the end), within `before` (`after`). False where a
+// direction is null.
+bool BuildSlide(const RvPolygon2D& ring, int edge, const std::map<int, RvPoint3D>& edgeDirections,
+                const RvPoint3D& normal, const RvPoint2D* before, const RvPoint2D* after,
+                EdgeSlide& s) {
+    const auto found = edgeDirections.find(edge);
+    if (found == edgeDirections.end() || ring.size() < 2) {
+        return false;
+    }
+    const auto previous =
+        found == edgeDirections.begin() ? std::prev(edgeDirections.end()) : std::prev(found);
+    const auto next =
+        std::next(found) == edgeDirections.end() ? edgeDirections.begin() : std::next(found);
+    s.end = edge;
+    s.start = edge - 1;
+    ring.ValidateIndex(s.start);
+    s.m = found->second;
+    s.dp = normal.GetVektorovySucin(previous->second);
+    s.dn = normal.GetVektorovySucin(next->second);
+    if (s.m.IsNull() || s.dp.IsNull() || s.dn.IsNull()) {
+        return false;
+    }
+    s.c1 = s.dp * s.m;
+    s.c2 = s.dn * s.m;
+    RvPoint3D edgeVector;
+    s.hasBack = FindLiveEdge(ring, s.start, -1, before, edgeVector);
+    s.back = s.hasBack ? static_cast<double>(edgeVector.GetSize()) : 0.0;
+    s.hasAhead = FindLiveEdge(ring, s.end, 1, after, edgeVector);
+    s.ahead = s.hasAhead ? static_cast<double>(edgeVector.GetSize()) : 0.0;
+    return true;
+}
+
+// Moves the edge by what is left of its distance, within the limits if `limited`, and keeps
+// the rest as its remainder. False, with nothing moved, where a limit cannot be applied.
+bool ApplySlide(RvPolygon2D& ring, const EdgeSlide& s, const RvPoint3D& normal, double& remainder,
+                const RvPoint2D* before, const RvPoint2D* after, bool limited) {
+    double d = remainder;
+    if (limited && !(LimitAtStart(ring, s, normal, d) && LimitAtEnd(ring, s, normal, d))) {
+        return false;
+    }
+    MoveEdgeEnds(ring, s, d, before, after);
+    remainder -= d;
+    return true;
+}
+
 }  // namespace
 
 std::map<int, RvPoint3D> RvPolygon2D::CopyOffsetRing(const RvPolygon2D& source,
@@ -261,7 +290,8 @@ void RvPolygon2D::MoveOffsetEdges(std::map<int, RvPoint3D>& edgeDirections,
             RvPoint2D* after = nullptr;
             FindWalkBounds(*this, activeEdges, k, chain, before, after);
             if (useEx2) {
-                MoveOffsetEdge2(edge, distances, edgeIndices, normal, before, after);
+                MoveOffsetEdge2(edge, edgeDirections, distances, edgeIndices, normal, before,
+                                after);
             } else {
                 MoveOffsetEdge(edge, edgeDirections, distances, normal, before, after, passes != 1);
             }
@@ -281,86 +311,27 @@ void RvPolygon2D::MoveOffsetEdges(std::map<int, RvPoint3D>& edgeDirections,
 bool RvPolygon2D::MoveOffsetEdge(int edge, std::map<int, RvPoint3D>& edgeDirections,
                                  std::vector<double>& distances, const RvPoint3D& normal,
                                  RvPoint2D* before, RvPoint2D* after, bool limited) {
-    const auto found = edgeDirections.find(edge);
-    if (found == edgeDirections.end() || size() < 2) {
-        return false;
-    }
-    // The neighbours are the entries next to this one, round the map, as the copy recorded
-    // them: a neighbour that has collapsed still lends its line.
-    const auto previous =
-        found == edgeDirections.begin() ? std::prev(edgeDirections.end()) : std::prev(found);
-    const auto next =
-        std::next(found) == edgeDirections.end() ? edgeDirections.begin() : std::next(found);
     EdgeSlide s;
-    s.end = edge;
-    s.start = edge - 1;
-    ValidateIndex(s.start);
-    s.m = found->second;
-    s.dp = normal.GetVektorovySucin(previous->second);
-    s.dn = normal.GetVektorovySucin(next->second);
-    if (s.m.IsNull() || s.dp.IsNull() || s.dn.IsNull()) {
+    if (!BuildSlide(*this, edge, edgeDirections, normal, before, after, s)) {
         return false;
     }
-    s.c1 = s.dp * s.m;
-    s.c2 = s.dn * s.m;
-    RvPoint3D edgeVector;
-    s.hasBack = FindLiveEdge(*this, s.start, -1, before, edgeVector);
-    s.back = s.hasBack ? static_cast<double>(edgeVector.GetSize()) : 0.0;
-    s.hasAhead = FindLiveEdge(*this, s.end, 1, after, edgeVector);
-    s.ahead = s.hasAhead ? static_cast<double>(edgeVector.GetSize()) : 0.0;
-    double& remainder = CheckedAt(distances, edge);
-    double d = remainder;
-    if (limited && !(LimitAtStart(*this, s, normal, d) && LimitAtEnd(*this, s, normal, d))) {
-        return false;
-    }
-    MoveEdgeEnds(*this, s, d, before, after);
-    remainder -= d;
-    return true;
+    return ApplySlide(*this, s, normal, CheckedAt(distances, edge), before, after, limited);
 }
 
-bool RvPolygon2D::MoveOffsetEdge2(int edge, std::vector<double>& distances,
-                                  std::vector<int>& edgeIndices, const RvPoint3D& normal,
-                                  RvPoint2D* before, RvPoint2D* after) {
-    std::size_t position = 0;
-    while (position < edgeIndices.size() && edgeIndices[position] != edge) {
-        ++position;
-    }
-    if (position == edgeIndices.size() || size() < 2) {
-        return false;
-    }
-    // The directions come from the ring as it stands: a neighbour that has collapsed is passed
-    // over, and the end slides on along the next edge that is not null. A neighbour taken is
-    // never null, so the limits never meet a zero length.
+bool RvPolygon2D::MoveOffsetEdge2(int edge, std::map<int, RvPoint3D>& edgeDirections,
+                                  std::vector<double>& distances, std::vector<int>& edgeIndices,
+                                  const RvPoint3D& normal, RvPoint2D* before, RvPoint2D* after) {
+    // Only an edge still in the list moves. The limits are those of MoveOffsetEdge, in every
+    // pass: a neighbour's length, measured by the walk over collapsed vertices, is never null,
+    // so no zero length is divided by. Lines taken from the ring as it stands, or limits that
+    // pass over collapsed neighbours, would mislead: an edge whose ends slide far along nearly
+    // parallel neighbours is turned inside out for a moment, until those move too.
     EdgeSlide s;
-    s.end = CheckedAt(edgeIndices, position);
-    s.start = CheckedAt(edgeIndices, (position + edgeIndices.size() - 1) % edgeIndices.size());
-    RvPoint3D back = Between(CheckedAt(*this, s.end), CheckedAt(*this, s.start));
-    RvPoint3D previous;
-    RvPoint3D next;
-    if (back.IsNull() || !FindListedLiveEdge(*this, edgeIndices, position, -1, previous) ||
-        !FindListedLiveEdge(*this, edgeIndices, position, 1, next)) {
+    if (std::find(edgeIndices.begin(), edgeIndices.end(), edge) == edgeIndices.end() ||
+        !BuildSlide(*this, edge, edgeDirections, normal, before, after, s)) {
         return false;
     }
-    back.Normalize();
-    s.m = normal.GetVektorovySucin(back);
-    s.hasBack = true;
-    s.back = static_cast<double>(previous.GetSize());
-    s.hasAhead = true;
-    s.ahead = static_cast<double>(next.GetSize());
-    previous.Normalize();
-    next.Normalize();
-    s.dp = previous;
-    s.dn = next;
-    s.c1 = s.dp * s.m;
-    s.c2 = s.dn * s.m;
-    double& remainder = CheckedAt(distances, edge);
-    double d = remainder;
-    if (!(LimitAtStart(*this, s, normal, d) && LimitAtEnd(*this, s, normal, d))) {
-        return false;
-    }
-    MoveEdgeEnds(*this, s, d, before, after);
-    remainder -= d;
-    return true;
+    return ApplySlide(*this, s, normal, CheckedAt(distances, edge), before, after, true);
 }
 
 }  // namespace ravelin

@@ -323,9 +323,10 @@ public:
     /// crosses itself, and the pieces that turn the way the polygon turns are kept. Nothing for
     /// a polygon without a normal.
     void GetExtendEx(std::vector<double>& distances, std::vector<RvPolygon2D>& result);
-    /// GetExtendEx2: as GetExtendEx, but the edges take their directions from the ring as it
-    /// moves and are limited in every pass; an edge is dropped when it runs against its input
-    /// direction, and a piece when its normal turns against the polygon's.
+    /// GetExtendEx2: as GetExtendEx, but the moves are limited in every pass, so an edge held
+    /// back until the passes run out keeps its remainder and the ring stays where it has got
+    /// to; an edge is dropped when it runs against its input direction, and a piece when its
+    /// normal turns against the polygon's.
     void GetExtendEx2(std::vector<double>& distances, std::vector<RvPolygon2D>& result);
     /// GetExtendEx: every edge at `distance`, by GetExtendEx (`useEx2` 0) or GetExtendEx2.
     /// Nothing for a polygon without vertices.
@@ -413,10 +414,10 @@ private:
     bool MoveOffsetEdge(int edge, std::map<int, RvPoint3D>& edgeDirections,
                         std::vector<double>& distances, const RvPoint3D& normal, RvPoint2D* before,
                         RvPoint2D* after, bool limited);
-    /// The variant of GetExtendEx2: the edge and its neighbours (the nearest edges of
-    /// `edgeIndices` that are not null) take their directions from the ring as it stands, and
-    /// the limits always apply.
-    bool MoveOffsetEdge2(int edge, std::vector<double>& distances, std::vector<int>& edgeIndices,
+    /// The variant of GetExtendEx2: MoveOffsetEdge, limited in every pass, for an edge still in
+    /// `edgeIndices`; false for one that is not.
+    bool MoveOffsetEdge2(int edge, std::map<int, RvPoint3D>& edgeDirections,
+                         std::vector<double>& distances, std::vector<int>& edgeIndices,
                          const RvPoint3D& normal, RvPoint2D* before, RvPoint2D* after);
     /// Adds a type 2 node, indexed by the later edge, for each place where the edge at
     /// `position` of `edgeIndices` crosses or overlaps a later edge that is not its neighbour;
