@@ -323,6 +323,44 @@ void PrintRings(const std::vector<RvPolygon2D>& rings) {
     }
 }
 
+// The walls round an L-shaped room, of three thicknesses: the room's outline moved outward edge
+// by edge, 0.5 on the street side, 0.3 on the courtyard side and 0.15 where it borders the
+// neighbour. The wall area is what lies between the two outlines.
+void ShowPerEdgeOffsets() {
+    Heading("Per-edge offsets");
+    RvPolygon2D room;
+    for (const RvPoint2D& p : {RvPoint2D(0, 0), RvPoint2D(12, 0), RvPoint2D(12, 5), RvPoint2D(5, 5),
+                               RvPoint2D(5, 9), RvPoint2D(0, 9)}) {
+        room.push_back(p);
+    }
+    std::printf("  room: %s, area %g\n", RingText(room).c_str(), room.GetPlochu());
+    // Entry i is the wall along the edge that ends at vertex i: from (0, 9) to (0, 0) first.
+    std::vector<double> walls = {0.15, 0.5, 0.3, 0.3, 0.3, 0.15};
+    std::printf("  walls by edge: ");
+    for (std::size_t i = 0; i < walls.size(); ++i) {
+        std::printf("%s%g", i == 0 ? "" : ", ", walls[i]);
+    }
+    std::printf("\n");
+    std::vector<RvPolygon2D> outer;
+    room.GetExtendEx(walls, outer);
+    std::printf("  GetExtendEx: %zu polygon(s)\n", outer.size());
+    PrintRings(outer);
+    if (outer.size() == 1) {
+        std::printf("  wall area: %g\n", outer[0].GetPlochu() - room.GetPlochu());
+    }
+    // Thicknesses chosen by a facade line drawn along the street side, running so that the
+    // room lies on its right: an edge lying on the line takes the second thickness, every other
+    // edge the first.
+    RvPolyLine2D facade;
+    for (const RvPoint2D& p : {RvPoint2D(30, 0), RvPoint2D(-10, 0)}) {
+        facade.push_back(p);
+    }
+    std::vector<RvPolygon2D> byFacade;
+    room.GetExtendEx(0.3, 0.5, facade, byFacade, 0);
+    std::printf("  GetExtendEx(0.3, 0.5 along the facade line): %zu polygon(s)\n", byFacade.size());
+    PrintRings(byFacade);
+}
+
 // The L-shaped room cut into pieces: by an infinite line across both of its arms, by a
 // stepped path, and by a vertical plane in space; and a polyline cut by the room.
 void ShowSplitting() {
@@ -470,6 +508,7 @@ int main() {
     ShowSkeleton();
     ShowSplitting();
     ShowOffsets();
+    ShowPerEdgeOffsets();
     ShowEveryEntity();
     return 0;
 }
