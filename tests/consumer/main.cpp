@@ -1,6 +1,7 @@
 // A program outside the project that uses the installed library as a client would.
 #include <ravelin/ravelin.h>
 
+#include <cmath>
 #include <cstdio>
 #include <utility>
 #include <vector>
@@ -87,6 +88,14 @@ int main() {
     RvPolyLine2D cutter(RvPoint2D(5, -5), RvPoint2D(5, 15));
     std::vector<RvPolygon2D> pieces;
     check(a.SplitWithPolyLine(cutter, pieces) && pieces.size() == 2, "SplitWithPolyLine");
+
+    // Walls of their own thickness per edge; the client's distances come back as remainders.
+    std::vector<double> walls = {0.5, 0.25, 0.5, 0.25};
+    std::vector<RvPolygon2D> outline;
+    a.GetExtendEx(walls, outline);
+    check(outline.size() == 1 && std::fabs(outline[0].GetPlochu() - 11.0 * 10.5) < 1e-9 &&
+              std::fabs(walls[0]) < 1e-4,
+          "GetExtendEx");
 
     // The polygon's skeleton is made by the library and destroyed with the polygon.
     std::vector<RvPolygon2D> inset;
