@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <iterator>
 #include <map>
+#include <utility>
 #include <vector>
 
 #include "ravelin/numeric/Number.h"
@@ -75,15 +76,20 @@ double Clamp(double d, double bound) {
     return d;
 }
 
-// How far from the edge's line the lines of its two neighbours meet; false where they are
-// parallel (DajPriesecnik refuses them).
-bool NeighboursMeet(const RvPolygon2D& ring, const EdgeSlide& s, const RvPoint3D& normal,
-                    double& height) {
+// How far from the edge's line the lines of its two neighbours meet, if they meet on the side
+// the edge moves to (the sign of `d`) or on the edge's line, where the edge has shrunk to a
+// point; false where they meet behind it or are parallel (DajPriesecnik refuses them).
+bool NeighboursMeetAhead(const RvPolygon2D& ring, const EdgeSlide& s, const RvPoint3D& normal,
+                         double d, double& height) {
+    const RvPoint3D& end = ring[static_cast<std::size_t>(s.end)];
     try {
         const RvPoint3D x = RvPoint3D::DajPriesecnik(ring[static_cast<std::size_t>(s.start)], s.dp,
-                                                     ring[static_cast<std::size_t>(s.end)],
-                                                     s.dn.GetVektorovySucin(normal));
-        height = x.DistanceFromPlane(ring[static_cast<std::size_t>(s.end)], s.m);
+                                                     end, s.dn.GetVektorovySucin(normal));
+        const double ahead = (x - end) * s.m;
+        if (d > 0.0 ? ahead < -1e-08 : ahead > 1e-08) {
+            return false;
+        }
+        height = x.DistanceFromPlane(end, s.m);
         return true;
     } catch (double) {
         return false;
@@ -93,8 +99,8 @@ bool NeighboursMeet(const RvPolygon2D& ring, const EdgeSlide& s, const RvPoint3D
 // Limits the move `d` by the neighbour before the edge, if that neighbour shrinks: the start
 // slides by dp·(d / c1), and since dp points into the start, it runs back along its neighbour
 // when d·c1 is negative. The move stops where the neighbour has shrunk to nothing, and, if the
-// end's neighbour does not grow meanwhile, where the two neighbours' lines meet. False when
-// the shrinking neighbour runs along the edge, so that the start cannot slide on it.
+// end's neighbour does not grow meanwhile, where the two neighbours' lines meet ahead of it. False
+// when the shrinking neighbour runs along the edge, so that the start cannot slide on it.
 bool LimitAtStart(const RvPolygon2D& ring, const EdgeSlide& s, const RvPoint3D& normal, double& d) {
     if (!(d * s.c1 < -1e-08)) {
         return true;
@@ -107,7 +113,7 @@ bool LimitAtStart(const RvPolygon2D& ring, const EdgeSlide& s, const RvPoint3D& 
     }
     d = Clamp(d, s.back * std::fabs(s.c1));
     double height = 0;
-    if (s.c2 * d >= -1e-08 && NeighboursMeet(ring, s, normal, height)) {
+    if (s.c2 * d >= -1e-08 && NeighboursMeetAhead(ring, s, normal, d, height)) {
         d = Clamp(d, height);
     }
     return true;
@@ -127,7 +133,7 @@ bool LimitAtEnd(const RvPolygon2D& ring, const EdgeSlide& s, const RvPoint3D& no
     }
     d = Clamp(d, s.ahead * std::fabs(s.c2));
     double height = 0;
-    if (s.c1 * d <= 1e-08 && NeighboursMeet(ring, s, normal, height)) {
+    if (s.c1 * d <= 1e-08 && NeighboursMeetAhead(ring, s, normal, d, height)) {
         d = Clamp(d, height);
     }
     return true;
@@ -144,13 +150,15 @@ RvPoint3D SlidTo(const RvPoint3D& from, const RvPoint3D& m, const RvPoint3D& sli
 }
 
 // Puts vertex `vertex` at `to`, together with the vertices that sat on it, walking by `step`
-// up to but not including `stop`: a collapsed edge stays collapsed.
+// up to but not including `stop`: a collapsed edge stays collapsed. A `stop` on the vertex
+// itself lets nothing follow it.
 void MoveCollapsed(RvPolygon2D& ring, int vertex, const RvPoint3D& to, int step,
                    const RvPoint2D* stop) {
-    const RvPoint3D from = Around(ring, vertex);
-    Around(ring, vertex) = RvPoint2D(to);
+    RvPoint2D& moved = Around(ring, vertex);
+    const RvPoint3D from = moved;
+    moved = RvPoint2D(to);
     int k = vertex;
-    for (std::size_t walked = 1; walked < ring.size(); ++walked) {
+    for (std::size_t walked = 1; walked < ring.size() && &moved != stop; ++walked) {
         k += step;
         RvPoint2D& next = Around(ring, k);
         if (&next == stop || !Between(from, next).IsNull()) {
@@ -169,11 +177,27 @@ void MoveEdgeEnds(RvPolygon2D& ring, const EdgeSlide& s, double d, const RvPoint
     MoveCollapsed(ring, s.end, end, 1, after);
 }
 
+// Of the vertices `a` and `b`, the one met first walking from `from` by `step`, `from` itself
+// included.
+int FirstMet(const RvPolygon2D& ring, int from, int step, int a, int b) {
+    ring.ValidateIndex(a);
+    ring.ValidateIndex(b);
+    int k = from;
+    for (std::size_t walked = 0; walked < ring.size(); ++walked) {
+        ring.ValidateIndex(k);
+        if (k == a || k == b) {
+            return k;
+        }
+        k += step;
+    }
+    return a;
+}
+
 // The bounds of the walks from the edge at place `k` of `active`: the start of the previous
-// active edge and the end of the next one. A lone edge may walk round the ring, back up to
-// the vertex after its end and ahead up to the one before its start. A chain has no edge
-// before its first edge nor after its last one: their walks stop at their own ends.
-void FindWalkBounds(RvPolygon2D& ring, const std::vector<int>& active, std::size_t k, bool chain,
+// active edge and the end of the next one. A lone edge may walk round the ring, back up to the
+// vertex after its end and ahead up to the one before its start. A chain is cut at vertex
+// `cut`, where it starts and ends: no walk passes it (-1 for a ring).
+void FindWalkBounds(RvPolygon2D& ring, const std::vector<int>& active, std::size_t k, int cut,
                     RvPoint2D*& before, RvPoint2D*& after) {
     const int edge = active[k];
     const std::size_t count = active.size();
@@ -183,11 +207,9 @@ void FindWalkBounds(RvPolygon2D& ring, const std::vector<int>& active, std::size
         back = active[(k + count - 1) % count] - 1;
         ahead = active[(k + 1) % count];
     }
-    if (chain && k == 0) {
-        back = edge - 1;
-    }
-    if (chain && k + 1 == count) {
-        ahead = edge;
+    if (cut >= 0) {
+        back = FirstMet(ring, edge - 1, -1, back, cut);
+        ahead = FirstMet(ring, edge, 1, ahead, cut);
     }
     before = &Around(ring, back);
     after = &Around(ring, ahead);
@@ -241,6 +263,48 @@ bool ApplySlide(RvPolygon2D& ring, const EdgeSlide& s, const RvPoint3D& normal, 
     return true;
 }
 
+// Whether `v` adds nothing between `before` and `after`: it doubles `after` (within 0.01), or
+// the three are in line, as AddPolygonPoint judges a straight run or a fold.
+bool IsRedundantVertex(const RvPoint2D& before, const RvPoint2D& v, const RvPoint2D& after) {
+    if (v == after) {
+        return true;
+    }
+    RvPoint3D in = Between(before, v);
+    RvPoint3D out = Between(after, v);
+    if (!in.IsNotNull() || !out.IsNotNull()) {
+        return true;
+    }
+    in.Normalize();
+    out.Normalize();
+    return std::fabs(static_cast<double>(in * out)) >= 0.99999999;
+}
+
+// AddPolygonPoint judges each vertex by the ones before it, so the copy may still double or run
+// straight through where it closes: its last vertex, then its first, are dropped while they add
+// nothing. A vertex on a straight run would otherwise be moved once by each of its two edges.
+// The edge that loses its start keeps its direction, the same line's; the index of each edge
+// after a dropped first vertex falls by one.
+void CleanOffsetSeam(RvPolygon2D& ring, std::map<int, RvPoint3D>& edgeDirections) {
+    while (ring.size() >= 3) {
+        const std::size_t last = ring.size() - 1;
+        if (IsRedundantVertex(ring[last - 1], ring[last], ring[0])) {
+            ring.pop_back();
+            edgeDirections.erase(static_cast<int>(last));
+        } else if (IsRedundantVertex(ring[last], ring[0], ring[1])) {
+            ring.erase(ring.begin());
+            std::map<int, RvPoint3D> shifted;
+            for (const auto& [index, direction] : edgeDirections) {
+                if (index > 0) {
+                    shifted[index - 1] = direction;
+                }
+            }
+            edgeDirections = std::move(shifted);
+        } else {
+            return;
+        }
+    }
+}
+
 }  // namespace
 
 std::map<int, RvPoint3D> RvPolygon2D::CopyOffsetRing(const RvPolygon2D& source,
@@ -254,16 +318,18 @@ std::map<int, RvPoint3D> RvPolygon2D::CopyOffsetRing(const RvPolygon2D& source,
         }
         back.Normalize();
         const std::size_t count = size();
-        const bool placed = AddPolygonPoint(vertex);
-        // A vertex added, or one that took the place of the last (it extended a straight run,
-        // so its backward vector runs along that edge too), ends an edge of this direction. A
-        // fold takes the last vertex away, and with it its edge.
-        if (size() > count || (placed && size() == count && count > 1)) {
+        AddPolygonPoint(vertex);
+        // A vertex added, or one that took the place of the last on a straight run (its
+        // backward vector runs along that edge, whichever way the run now goes), ends an edge
+        // of this direction. A fold back onto the vertex before takes the last vertex away, and
+        // with it its edge.
+        if (size() > count || (size() == count && count > 1)) {
             edgeDirections[static_cast<int>(size()) - 1] = normal.GetVektorovySucin(back);
         }
         edgeDirections.erase(edgeDirections.lower_bound(static_cast<int>(size())),
                              edgeDirections.end());
     }
+    CleanOffsetSeam(*this, edgeDirections);
     return edgeDirections;
 }
 
@@ -278,6 +344,13 @@ void RvPolygon2D::MoveOffsetEdges(std::map<int, RvPoint3D>& edgeDirections,
                                   std::vector<double>& distances, std::vector<int>& edgeIndices,
                                   const RvPoint3D& normal, bool useEx2, bool chain) {
     std::vector<int> activeEdges = edgeIndices;
+    // A chain starts at the start of its first edge and ends at the end of its last, the same
+    // vertex of the ring.
+    int cut = -1;
+    if (chain && !edgeIndices.empty()) {
+        cut = edgeIndices.front() - 1;
+        ValidateIndex(cut);
+    }
     int passes = 5;
     // A pass that finishes an edge does not count, so the loop ends: each pass either shortens
     // the list or uses up one of the passes.
@@ -288,7 +361,7 @@ void RvPolygon2D::MoveOffsetEdges(std::map<int, RvPoint3D>& edgeDirections,
             const int edge = activeEdges[k];
             RvPoint2D* before = nullptr;
             RvPoint2D* after = nullptr;
-            FindWalkBounds(*this, activeEdges, k, chain, before, after);
+            FindWalkBounds(*this, activeEdges, k, cut, before, after);
             if (useEx2) {
                 MoveOffsetEdge2(edge, edgeDirections, distances, edgeIndices, normal, before,
                                 after);

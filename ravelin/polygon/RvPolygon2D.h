@@ -400,8 +400,8 @@ private:
     /// Overwrites `edgeIndices` with the indices of all vertices, in order.
     void FillEdgeIndices(std::vector<int>& edgeIndices) const;
     /// The moving passes of the per-edge offsets over the edges in `edgeIndices`, by
-    /// MoveOffsetEdge or (`useEx2`) MoveOffsetEdge2. A `chain` has no neighbour before its first
-    /// edge or after its last one for the walks over collapsed vertices.
+    /// MoveOffsetEdge or (`useEx2`) MoveOffsetEdge2. A `chain` is cut where its first edge
+    /// starts, at the end of its last one: no walk over collapsed vertices passes that vertex.
     void MoveOffsetEdges(std::map<int, RvPoint3D>& edgeDirections, std::vector<double>& distances,
                          std::vector<int>& edgeIndices, const RvPoint3D& normal, bool useEx2,
                          bool chain);
@@ -420,7 +420,8 @@ private:
                          std::vector<double>& distances, std::vector<int>& edgeIndices,
                          const RvPoint3D& normal, RvPoint2D* before, RvPoint2D* after);
     /// Adds a type 2 node, indexed by the later edge, for each place where the edge at
-    /// `position` of `edgeIndices` crosses or overlaps a later edge that is not its neighbour;
+    /// `position` of `edgeIndices` crosses or overlaps a later edge that is not the next one
+    /// (the first edge meets the last, its neighbour across the wrap);
     /// each node also goes to `edgeNodes`, the list of the edge at `position`.
     void FindEdgeCrossings(std::size_t position, const std::vector<int>& edgeIndices,
                            const RvPoint3D& normal, SplitNodes& nodes,
