@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "ravelin/numeric/Number.h"
 #include "ravelin/platform/CheckedVector.h"
 #include "ravelin/polygon/RvPolygon2D.h"
 
@@ -39,7 +38,7 @@ struct EdgeSlide {
     RvPoint3D m;
     RvPoint3D dp;
     RvPoint3D dn;
-    double c1 = 0;  // dp·m: how far the start travels along its neighbour per unit moved
+    double c1 = 0;  // dp·m: the start travels 1 / c1 along its neighbour per unit moved
     double c2 = 0;  // dn·m: the same for the end
     bool hasBack = false;
     double back = 0;
