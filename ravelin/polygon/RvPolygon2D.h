@@ -394,8 +394,9 @@ private:
     static void RemoveFlatVertices(RvPolygon2D& ring);
 
     /// Copies `source` into this empty polygon for per-edge offsetting, through
-    /// AddPolygonPoint, leaving out vertices on a null edge; returns the unit outer normal about
-    /// `normal` of each edge of the copy, by the index of the vertex that ends it.
+    /// AddPolygonPoint, leaving out vertices on a null edge, then drops a doubled or straight
+    /// vertex where the ring closes; returns the unit outer normal about `normal` of each edge
+    /// of the copy, by the index of the vertex that ends it.
     std::map<int, RvPoint3D> CopyOffsetRing(const RvPolygon2D& source, const RvPoint3D& normal);
     /// Overwrites `edgeIndices` with the indices of all vertices, in order.
     void FillEdgeIndices(std::vector<int>& edgeIndices) const;
@@ -407,7 +408,7 @@ private:
                          bool chain);
     /// Moves edge `edge` (ending at that vertex) by what is left of its distance, its ends
     /// sliding along the lines of its neighbours in `edgeDirections`; with `limited`, no further
-    /// than a shrinking neighbour's length or the meeting point of the neighbours' lines.
+    /// than a shrinking neighbour's length or the meeting point of the neighbours' lines ahead.
     /// Collapsed vertices next to the ends move with them, up to `before` and `after`. False,
     /// with nothing moved, where a direction is null or a shrinking neighbour runs along the
     /// edge.
