@@ -106,6 +106,14 @@ bool MoveAmongAll(RvPolygon2D& ring, int edge, std::map<int, RvPoint3D>& directi
                                   VertexPtr(ring, edge + 1), limited);
 }
 
+// Runs the moving passes over every edge of `work`, as the offsets do.
+void RunPasses(RvPolygon2D& work, std::map<int, RvPoint3D>& directions,
+               std::vector<double>& distances, bool useEx2, bool chain) {
+    std::vector<int> edgeIndices;
+    Access::FillEdgeIndices(work, edgeIndices);
+    Access::MoveOffsetEdges(work, directions, distances, edgeIndices, kUp, useEx2, chain);
+}
+
 // ---- CopyOffsetRing ---------------------------------------------------------------------------
 
 TEST(RvPolygon2DCopyOffsetRing, CounterclockwiseSquareGetsUnitOuterNormals) {
@@ -557,10 +565,8 @@ TEST(RvPolygon2DMoveOffsetEdges, EachDistanceBelongsToTheEdgeEndingAtItsVertex) 
     // moved lines meet.
     RvPolygon2D work;
     std::map<int, RvPoint3D> directions = Access::CopyOffsetRing(work, Square(), kUp);
-    std::vector<int> edgeIndices;
-    Access::FillEdgeIndices(work, edgeIndices);
     std::vector<double> distances{1, 2, 3, 4};
-    Access::MoveOffsetEdges(work, directions, distances, edgeIndices, kUp, false, false);
+    RunPasses(work, directions, distances, false, false);
     ExpectVerticesNear(work, {{-1, -2}, {13, -2}, {13, 14}, {-1, 14}}, 1e-9);
     for (const double remainder : distances) {
         EXPECT_NEAR(remainder, 0.0, 1e-12);
@@ -578,10 +584,8 @@ TEST(RvPolygon2DMoveOffsetEdges, LastPassMovesTheStuckEdgeWithoutLimits) {
     // last pass lifts the limits: the edge runs on along the neighbours' lines and flips.
     RvPolygon2D work;
     std::map<int, RvPoint3D> directions = Access::CopyOffsetRing(work, CrossedNeighbours(), kUp);
-    std::vector<int> edgeIndices;
-    Access::FillEdgeIndices(work, edgeIndices);
     std::vector<double> distances{0, -8, 0, 0};
-    Access::MoveOffsetEdges(work, directions, distances, edgeIndices, kUp, false, false);
+    RunPasses(work, directions, distances, false, false);
     ExpectVerticesNear(work, {{8, 8}, {2, 8}, {2, 8}, {8, 8}}, 1e-9);
     EXPECT_NEAR(distances[1], 0.0, 1e-9);
 }
@@ -592,10 +596,8 @@ TEST(RvPolygon2DMoveOffsetEdges, Ex2KeepsTheRemainderOfAnEdgeThatCannotGoOn) {
     // stays where it got to.
     RvPolygon2D work;
     std::map<int, RvPoint3D> directions = Access::CopyOffsetRing(work, CrossedNeighbours(), kUp);
-    std::vector<int> edgeIndices;
-    Access::FillEdgeIndices(work, edgeIndices);
     std::vector<double> distances{0, -8, 0, 0};
-    Access::MoveOffsetEdges(work, directions, distances, edgeIndices, kUp, true, false);
+    RunPasses(work, directions, distances, true, false);
     ExpectVerticesNear(work, {{5, 5}, {5, 5}, {2, 8}, {8, 8}}, 1e-9);
     EXPECT_NEAR(distances[1], -3.0, 1e-9);
     EXPECT_NEAR(distances[0], 0.0, 0.0);
@@ -616,9 +618,7 @@ TEST(RvPolygon2DMoveOffsetEdges, EdgeWhoseMoveFailsKeepsItsRemainder) {
         // MoveOffsetEdge2, limited in every pass, fails on its own: the edge's start neighbour
         // runs along it and shrinks.
         const RvPolygon2D unmoved = work;
-        std::vector<int> edgeIndices;
-        Access::FillEdgeIndices(work, edgeIndices);
-        Access::MoveOffsetEdges(work, directions, distances, edgeIndices, kUp, useEx2, false);
+        RunPasses(work, directions, distances, useEx2, false);
         EXPECT_TRUE(SameVertices(work, unmoved));
         EXPECT_NEAR(distances[1], 1.0, 0.0);
         ++checked;
@@ -632,10 +632,8 @@ TEST(RvPolygon2DMoveOffsetEdges, LimitedPassesWaitForTheLastOneOnAStraightVertex
     // along the edge's normal.
     RvPolygon2D work;
     std::map<int, RvPoint3D> directions = DentedSquareAsItStands(work);
-    std::vector<int> edgeIndices;
-    Access::FillEdgeIndices(work, edgeIndices);
     std::vector<double> distances{0, 1, 0, 0, 0};
-    Access::MoveOffsetEdges(work, directions, distances, edgeIndices, kUp, false, false);
+    RunPasses(work, directions, distances, false, false);
     ExpectVerticesNear(work, {{5, -1}, {10, -1}, {10, 10}, {0, 10}, {0, 0}}, 1e-5);
     EXPECT_NEAR(distances[1], 0.0, 1e-12);
 }
@@ -651,10 +649,8 @@ TEST(RvPolygon2DMoveOffsetEdges, ChainHasNoEdgeBeforeItsFirstEdge) {
         SCOPED_TRACE(chain ? "chain" : "ring");
         RvPolygon2D work;
         std::map<int, RvPoint3D> directions = Access::CopyOffsetRing(work, source, kUp);
-        std::vector<int> edgeIndices;
-        Access::FillEdgeIndices(work, edgeIndices);
         std::vector<double> distances{-8, 0, 0, 0};
-        Access::MoveOffsetEdges(work, directions, distances, edgeIndices, kUp, false, chain);
+        RunPasses(work, directions, distances, false, chain);
         if (chain) {
             ExpectVerticesNear(work, {{8, 0}, {30, 0}, {5, 4}, {8, 4}}, 1e-9);
         } else {
@@ -680,10 +676,8 @@ TEST(RvPolygon2DMoveOffsetEdges, ChainCutStopsTheWalkOverCollapsedVertices) {
                                             {2, RvPoint3D(1, 0, 0)},
                                             {3, RvPoint3D(0, 1, 0)},
                                             {4, RvPoint3D(0, 1, 0)}};
-        std::vector<int> edgeIndices;
-        Access::FillEdgeIndices(work, edgeIndices);
         std::vector<double> distances{2, 0, 0, 0, 0};
-        Access::MoveOffsetEdges(work, directions, distances, edgeIndices, kUp, false, chain);
+        RunPasses(work, directions, distances, false, chain);
         ExpectVerticesNear(work, {{-2, 0}, {10, 0}, {10, 10}, {0, 10}, {-2, 10}}, 1e-9);
         EXPECT_NEAR(distances[0], 0.0, 1e-12);
         ++checked;
@@ -703,10 +697,8 @@ TEST(RvPolygon2DMoveOffsetEdges, ChainEndsStayAtTheCutWhenTheFirstEdgeIsDone) {
         SCOPED_TRACE(chain ? "chain" : "ring");
         RvPolygon2D work;
         std::map<int, RvPoint3D> directions = Access::CopyOffsetRing(work, source, kUp);
-        std::vector<int> edgeIndices;
-        Access::FillEdgeIndices(work, edgeIndices);
         std::vector<double> distances{0, -8, 0, 0};
-        Access::MoveOffsetEdges(work, directions, distances, edgeIndices, kUp, false, chain);
+        RunPasses(work, directions, distances, false, chain);
         if (chain) {
             ExpectVerticesNear(work, {{8, 4}, {8, 0}, {30, 0}, {5, 4}}, 1e-9);
         } else {
