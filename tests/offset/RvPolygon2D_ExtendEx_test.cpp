@@ -477,7 +477,9 @@ RvPolyLine2D OutlineAlongX(double y) {
 
 TEST(RvPolygon2DGetExtendEx, PolygonWhollyLeftOfTheOutlineTakesSecond) {
     // The square lies above y = -5, to the left of the outline, where c is negative at every
-    // vertex: every edge takes `second` (2), none `first` (1).
+    // vertex: every edge takes `second` (2), none `first` (1). The left side is not the side of
+    // `first`, as one might expect of an outline run the way the polygon turns: the product is
+    // taken with the segment from its end back to its start, which turns the sign round.
     for (const int useEx2 : {0, 1}) {
         SCOPED_TRACE(useEx2);
         std::vector<RvPolygon2D> result;
