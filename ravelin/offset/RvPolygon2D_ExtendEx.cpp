@@ -82,7 +82,8 @@ void RemoveFrom(std::vector<RvPolygon2D>& result, std::size_t first, Predicate u
 
 }  // namespace
 
-void RvPolygon2D::GetExtendEx(std::vector<double>& distances, std::vector<RvPolygon2D>& result) {
+void RvPolygon2D::ExtendEdgesToPolygons(std::vector<double>& distances,
+                                        std::vector<RvPolygon2D>& result, bool useEx2) {
     const std::size_t kept = result.size();
     const RvPoint3D normal = GetNormalVector();
     if (normal.IsNull()) {
@@ -91,33 +92,29 @@ void RvPolygon2D::GetExtendEx(std::vector<double>& distances, std::vector<RvPoly
     // Everything read from this polygon is read before `result` grows: it may be one of them.
     const double orientation = GetOrientation();
     RvPolygon2D work;
-    std::map<int, RvPoint3D> edgeDirections = work.CopyOffsetRing(*this, normal);
     std::vector<int> edgeIndices;
-    work.FillEdgeIndices(edgeIndices);
-    work.MoveOffsetEdges(edgeDirections, distances, edgeIndices, normal, false, false);
-    DropCollapsedEdges(work, edgeDirections, normal, edgeIndices);
+    const std::map<int, RvPoint3D> edgeDirections =
+        work.MoveOffsetCopy(*this, distances, normal, useEx2, false, edgeIndices);
+    if (useEx2) {
+        DropFlippedEdges(work, edgeDirections, normal, edgeIndices);
+    } else {
+        DropCollapsedEdges(work, edgeDirections, normal, edgeIndices);
+    }
     work.TraceOffsetGraph(edgeIndices, normal, result);
-    RemoveFrom(result, kept, [orientation](const RvPolygon2D& piece) {
+    RemoveFrom(result, kept, [useEx2, orientation, &normal](const RvPolygon2D& piece) {
+        if (useEx2) {
+            return piece.GetNormalVector() * normal < -1e-06;
+        }
         return static_cast<double>(piece.GetOrientation()) * orientation < 0.0;
     });
 }
 
+void RvPolygon2D::GetExtendEx(std::vector<double>& distances, std::vector<RvPolygon2D>& result) {
+    ExtendEdgesToPolygons(distances, result, false);
+}
+
 void RvPolygon2D::GetExtendEx2(std::vector<double>& distances, std::vector<RvPolygon2D>& result) {
-    const std::size_t kept = result.size();
-    const RvPoint3D normal = GetNormalVector();
-    if (normal.IsNull()) {
-        return;
-    }
-    RvPolygon2D work;
-    std::map<int, RvPoint3D> edgeDirections = work.CopyOffsetRing(*this, normal);
-    std::vector<int> edgeIndices;
-    work.FillEdgeIndices(edgeIndices);
-    work.MoveOffsetEdges(edgeDirections, distances, edgeIndices, normal, true, false);
-    DropFlippedEdges(work, edgeDirections, normal, edgeIndices);
-    work.TraceOffsetGraph(edgeIndices, normal, result);
-    RemoveFrom(result, kept, [&normal](const RvPolygon2D& piece) {
-        return piece.GetNormalVector() * normal < -1e-06;
-    });
+    ExtendEdgesToPolygons(distances, result, true);
 }
 
 void RvPolygon2D::GetExtendEx(double distance, std::vector<RvPolygon2D>& result, int useEx2) {
@@ -125,21 +122,13 @@ void RvPolygon2D::GetExtendEx(double distance, std::vector<RvPolygon2D>& result,
         return;
     }
     std::vector<double> distances(size(), distance);
-    if (useEx2 == 0) {
-        GetExtendEx(distances, result);
-    } else {
-        GetExtendEx2(distances, result);
-    }
+    ExtendEdgesToPolygons(distances, result, useEx2 != 0);
 }
 
 void RvPolygon2D::GetExtendEx(double first, double second, const RvPolyLine2D& outline,
                               std::vector<RvPolygon2D>& result, int useEx2) {
     std::vector<double> distances = GetOutlineDistances(first, second, outline);
-    if (useEx2 == 0) {
-        GetExtendEx(distances, result);
-    } else {
-        GetExtendEx2(distances, result);
-    }
+    ExtendEdgesToPolygons(distances, result, useEx2 != 0);
 }
 
 std::vector<double> RvPolygon2D::GetOutlineDistances(double first, double second,

@@ -332,6 +332,16 @@ std::map<int, RvPoint3D> RvPolygon2D::CopyOffsetRing(const RvPolygon2D& source,
     return edgeDirections;
 }
 
+std::map<int, RvPoint3D> RvPolygon2D::MoveOffsetCopy(const RvPolygon2D& source,
+                                                     std::vector<double>& distances,
+                                                     const RvPoint3D& normal, bool useEx2,
+                                                     bool chain, std::vector<int>& edgeIndices) {
+    std::map<int, RvPoint3D> edgeDirections = CopyOffsetRing(source, normal);
+    FillEdgeIndices(edgeIndices);
+    MoveOffsetEdges(edgeDirections, distances, edgeIndices, normal, useEx2, chain);
+    return edgeDirections;
+}
+
 void RvPolygon2D::FillEdgeIndices(std::vector<int>& edgeIndices) const {
     edgeIndices.clear();
     for (int i = 0; i < static_cast<int>(size()); ++i) {

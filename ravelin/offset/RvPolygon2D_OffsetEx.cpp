@@ -1,5 +1,4 @@
 #include <cstddef>
-#include <map>
 #include <vector>
 
 #include "ravelin/polygon/RvPolygon2D.h"
@@ -32,10 +31,8 @@ RvPolygon2D RvPolygon2D::OffsetEdgesToPolygon(std::vector<double>& distances,
         return RvPolygon2D();
     }
     RvPolygon2D work;
-    std::map<int, RvPoint3D> edgeDirections = work.CopyOffsetRing(*this, normal);
     std::vector<int> edgeIndices;
-    work.FillEdgeIndices(edgeIndices);
-    work.MoveOffsetEdges(edgeDirections, distances, edgeIndices, normal, useEx2, true);
+    work.MoveOffsetCopy(*this, distances, normal, useEx2, true, edgeIndices);
     DropNullEdges(work, edgeIndices);
     std::vector<RvPolygon2D> pieces;
     work.TraceOffsetGraph(edgeIndices, normal, pieces);
@@ -56,13 +53,13 @@ RvPolygon2D RvPolygon2D::GetOffsetEx2(std::vector<double>& distances, const RvPo
 
 RvPolygon2D RvPolygon2D::GetOffsetEx(double distance, const RvPoint3D& normal, int useEx2) {
     std::vector<double> distances(size(), distance);
-    return useEx2 == 0 ? GetOffsetEx(distances, normal) : GetOffsetEx2(distances, normal);
+    return OffsetEdgesToPolygon(distances, normal, useEx2 != 0);
 }
 
 RvPolygon2D RvPolygon2D::GetOffsetEx(double first, double second, const RvPolyLine2D& outline,
                                      const RvPoint3D& normal, int useEx2) {
     std::vector<double> distances = GetOutlineDistances(first, second, outline);
-    return useEx2 == 0 ? GetOffsetEx(distances, normal) : GetOffsetEx2(distances, normal);
+    return OffsetEdgesToPolygon(distances, normal, useEx2 != 0);
 }
 
 }  // namespace ravelin

@@ -398,6 +398,12 @@ private:
     /// vertex where the ring closes; returns the unit outer normal about `normal` of each edge
     /// of the copy, by the index of the vertex that ends it.
     std::map<int, RvPoint3D> CopyOffsetRing(const RvPolygon2D& source, const RvPoint3D& normal);
+    /// Copies `source` into this empty polygon (CopyOffsetRing), lists all its edges in
+    /// `edgeIndices` and moves them by `distances` in the passes of MoveOffsetEdges; returns
+    /// the edges' outer normals.
+    std::map<int, RvPoint3D> MoveOffsetCopy(const RvPolygon2D& source,
+                                            std::vector<double>& distances, const RvPoint3D& normal,
+                                            bool useEx2, bool chain, std::vector<int>& edgeIndices);
     /// Overwrites `edgeIndices` with the indices of all vertices, in order.
     void FillEdgeIndices(std::vector<int>& edgeIndices) const;
     /// The moving passes of the per-edge offsets over the edges in `edgeIndices`, by
@@ -440,6 +446,9 @@ private:
     /// when `outline` has no vertices.
     std::vector<double> GetOutlineDistances(double first, double second,
                                             const RvPolyLine2D& outline) const;
+    /// The per-edge offset as polygons, by GetExtendEx or (`useEx2`) GetExtendEx2.
+    void ExtendEdgesToPolygons(std::vector<double>& distances, std::vector<RvPolygon2D>& result,
+                               bool useEx2);
     /// The per-edge offset as one polygon, by GetOffsetEx or (`useEx2`) GetOffsetEx2.
     RvPolygon2D OffsetEdgesToPolygon(std::vector<double>& distances, const RvPoint3D& normal,
                                      bool useEx2) const;
