@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ravelin/numeric/RvPoint2D.h"
@@ -638,28 +639,32 @@ TEST(RvPolygon2DMoveOffsetEdges, LimitedPassesWaitForTheLastOneOnAStraightVertex
     EXPECT_NEAR(distances[1], 0.0, 1e-12);
 }
 
+// The copy of `source` after the passes with `distances`, moved once as a ring and once as a
+// chain; in both, edge `moved` must have gone its whole way.
+std::pair<RvPolygon2D, RvPolygon2D> MovedAsRingAndChain(const RvPolygon2D& source,
+                                                        const std::vector<double>& distances,
+                                                        int moved) {
+    std::pair<RvPolygon2D, RvPolygon2D> result;
+    for (const bool chain : {false, true}) {
+        SCOPED_TRACE(chain ? "chain" : "ring");
+        RvPolygon2D& work = chain ? result.second : result.first;
+        std::map<int, RvPoint3D> directions = Access::CopyOffsetRing(work, source, kUp);
+        std::vector<double> remainders = distances;
+        RunPasses(work, directions, remainders, false, chain);
+        EXPECT_NEAR(remainders[static_cast<std::size_t>(moved)], 0.0, 1e-12);
+    }
+    return result;
+}
+
 TEST(RvPolygon2DMoveOffsetEdges, ChainHasNoEdgeBeforeItsFirstEdge) {
     // Edge 0, the left side, moves right by 8. In a ring its start's neighbour, the top edge
     // only 5 long, holds it at 5 in the first pass; the next pass takes it on, the collapsed
     // top vertex dragged along. In a chain edge 0 is the first edge: nothing before it limits
     // it, it goes all the way at once and the top's far vertex stays.
-    const RvPolygon2D source = Ring({{0, 0}, {30, 0}, {5, 4}, {0, 4}});
-    int checked = 0;
-    for (const bool chain : {false, true}) {
-        SCOPED_TRACE(chain ? "chain" : "ring");
-        RvPolygon2D work;
-        std::map<int, RvPoint3D> directions = Access::CopyOffsetRing(work, source, kUp);
-        std::vector<double> distances{-8, 0, 0, 0};
-        RunPasses(work, directions, distances, false, chain);
-        if (chain) {
-            ExpectVerticesNear(work, {{8, 0}, {30, 0}, {5, 4}, {8, 4}}, 1e-9);
-        } else {
-            ExpectVerticesNear(work, {{8, 0}, {30, 0}, {8, 4}, {8, 4}}, 1e-9);
-        }
-        EXPECT_NEAR(distances[0], 0.0, 1e-12);
-        ++checked;
-    }
-    EXPECT_EQ(checked, 2);
+    const auto [ring, chain] =
+        MovedAsRingAndChain(Ring({{0, 0}, {30, 0}, {5, 4}, {0, 4}}), {-8, 0, 0, 0}, 0);
+    ExpectVerticesNear(ring, {{8, 0}, {30, 0}, {8, 4}, {8, 4}}, 1e-9);
+    ExpectVerticesNear(chain, {{8, 0}, {30, 0}, {5, 4}, {8, 4}}, 1e-9);
 }
 
 TEST(RvPolygon2DMoveOffsetEdges, ChainCutStopsTheWalkOverCollapsedVertices) {
@@ -691,23 +696,10 @@ TEST(RvPolygon2DMoveOffsetEdges, ChainEndsStayAtTheCutWhenTheFirstEdgeIsDone) {
     // edge 1, the left side, moves in by 8, its start sliding along the top. In a ring the top,
     // only 5 long, collapses and its far vertex (5,4) is dragged along to (8,4); in a chain the
     // walk back from vertex 0 may not pass the cut, so (5,4) stays and the top flips.
-    const RvPolygon2D source = Ring({{0, 4}, {0, 0}, {30, 0}, {5, 4}});
-    int checked = 0;
-    for (const bool chain : {false, true}) {
-        SCOPED_TRACE(chain ? "chain" : "ring");
-        RvPolygon2D work;
-        std::map<int, RvPoint3D> directions = Access::CopyOffsetRing(work, source, kUp);
-        std::vector<double> distances{0, -8, 0, 0};
-        RunPasses(work, directions, distances, false, chain);
-        if (chain) {
-            ExpectVerticesNear(work, {{8, 4}, {8, 0}, {30, 0}, {5, 4}}, 1e-9);
-        } else {
-            ExpectVerticesNear(work, {{8, 4}, {8, 0}, {30, 0}, {8, 4}}, 1e-9);
-        }
-        EXPECT_NEAR(distances[1], 0.0, 1e-12);
-        ++checked;
-    }
-    EXPECT_EQ(checked, 2);
+    const auto [ring, chain] =
+        MovedAsRingAndChain(Ring({{0, 4}, {0, 0}, {30, 0}, {5, 4}}), {0, -8, 0, 0}, 1);
+    ExpectVerticesNear(ring, {{8, 4}, {8, 0}, {30, 0}, {8, 4}}, 1e-9);
+    ExpectVerticesNear(chain, {{8, 4}, {8, 0}, {30, 0}, {5, 4}}, 1e-9);
 }
 
 // ---- FindEdgeCrossings ------------------------------------------------------------------------
